@@ -46,3 +46,13 @@ QZ_DECLARE_EXCEPTION(EInvalidImage, EFilerError);
 QZ_DECLARE_EXCEPTION(EParserError, Exception);
 QZ_DECLARE_EXCEPTION(EPropertyError, Exception);
 QZ_DECLARE_EXCEPTION(EVariantError, Exception);
+
+// Floating point
+// FloatToStr writes the shortest form of up to 15 significant digits, with
+// '.' as decimal separator and an exponent only where the digits would not
+// show the value ("1E20", "1.5E-5"), as forms and package files store floats.
+AnsiString FloatToStr(Extended value);
+// Accepts what FloatToStr writes and the usual decimal forms; raises
+// EConvertError "'<text>' is not a valid floating point value".
+Extended StrToFloat(const AnsiString& text);
+bool TryStrToFloat(const AnsiString& text, Extended& value);
