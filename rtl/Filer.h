@@ -90,9 +90,15 @@ public:
     bool AtEnd() const { return FPos >= FData.size(); }
 
     TValueType NextValue() const;
+    // The zero byte that closes a list; looks at the byte alone, since what
+    // follows a property list may be a component header.
     TValueType ReadValue();
     void CheckValue(TValueType expected);
-    bool EndOfList() const { return NextValue() == vaNull; }
+    bool EndOfList() const
+    {
+        Need(1);
+        return FData[FPos] == 0;
+    }
     void ReadListBegin() { CheckValue(vaList); }
     void ReadListEnd() { CheckValue(vaNull); }
     void ReadSignature();

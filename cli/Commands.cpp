@@ -1,0 +1,37 @@
+#include "cli/Commands.h"
+
+#include "cli/ConvertCommand.h"
+
+#include <cstring>
+#include <functional>
+#include <map>
+
+namespace {
+
+const char* const Usage =
+    "Usage: qzpkg COMMAND [OPTIONS] ARGUMENTS\n"
+    "\n"
+    "Commands:\n"
+    "  convert --to text|binary|resource [options] IN OUT\n"
+    "      Converts a form file between its text, binary and resource formats.\n"
+    "\n"
+    "Run 'qzpkg COMMAND --help' for the options of a command.\n";
+
+} // namespace
+
+int RunCommand(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
+{
+    if (args.empty() || args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
+        std::fputs(Usage, args.empty() ? err : out);
+        return args.empty() ? 1 : 0;
+    }
+    const std::map<std::string, std::function<int(const std::vector<std::string>&, std::FILE*, std::FILE*)>> commands = {
+        {"convert", RunConvert},
+    };
+    auto it = commands.find(args[0]);
+    if (it == commands.end()) {
+        std::fprintf(err, "qzpkg: unknown command '%s'\n\n%s", args[0].c_str(), Usage);
+        return 1;
+    }
+    return it->second(std::vector<std::string>(args.begin() + 1, args.end()), out, err);
+}
