@@ -80,6 +80,7 @@ class TReader : public TFiler {
 public:
     // Reads from the bytes of data, which must outlive the reader.
     explicit TReader(std::string_view data);
+    explicit TReader(std::string&&) = delete;  // the bytes would die before the reader
     // Reads the rest of stream; Finish() moves the stream to where reading stopped.
     explicit TReader(TStream& stream);
 
