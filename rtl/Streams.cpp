@@ -1,6 +1,7 @@
 #include "rtl/Streams.h"
 
 #include <algorithm>
+#include <utility>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
