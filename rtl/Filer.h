@@ -88,6 +88,7 @@ public:
     size_t Position() const { return FPos; }
     void SetPosition(size_t pos) { FPos = pos; }
     size_t Size() const { return FData.size(); }
+    std::string_view Data() const { return FData; }
     bool AtEnd() const { return FPos >= FData.size(); }
 
     TValueType NextValue() const;
