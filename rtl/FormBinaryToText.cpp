@@ -22,8 +22,8 @@ bool IsTrailByte(std::string_view s, size_t i, int codePage)
 
 class TBinaryToText {
 public:
-    TBinaryToText(TReader& reader, std::string& out, const TFormTextOptions& options)
-        : R(reader), Out(out), O(options) {}
+    TBinaryToText(TReader& reader, std::string& out, const TFormTextOptions& options, TStream* sink = nullptr)
+        : R(reader), Out(out), O(options), Sink(sink) {}
 
     void ConvertObject();
 
@@ -46,6 +46,15 @@ private:
     void ConvertNarrowString(std::string_view s);
     void ConvertWideString(std::u16string_view s);
     void AppendInteger(Int64 v) { Out += std::to_string(v); }
+    // Writing to a stream hands the text over in pieces, so a large form
+    // never exists twice in memory.
+    void FlushToSink()
+    {
+        if (Sink && Out.size() >= SinkChunk) {
+            Sink->WriteString(Out);
+            Out.clear();
+        }
+    }
 
     template <typename Unit, typename Plain, typename EmitRun, typename AdjustCut>
     void ConvertQuoted(const Unit* s, size_t length, Plain plain, EmitRun emitRun, AdjustCut adjustCut);
@@ -53,6 +62,8 @@ private:
     TReader& R;
     std::string& Out;
     const TFormTextOptions& O;
+    TStream* Sink;
+    static constexpr size_t SinkChunk = 64 * 1024;
     int Level = 0;
     int Depth = 0;
 };
@@ -95,6 +106,7 @@ void TBinaryToText::ConvertProperty()
     Out += " = ";
     ConvertValue();
     Out += O.LineBreak;
+    FlushToSink();
 }
 
 void TBinaryToText::ConvertValue()
@@ -311,6 +323,7 @@ std::string FormBinaryToText(std::string_view binary, const TFormTextOptions& op
     TReader reader(binary);
     reader.ReadSignature();
     std::string out;
+    // Text is about twice the binary size; more for forms full of pictures.
     out.reserve(binary.size() * 2);
     TBinaryToText(reader, out, options).ConvertObject();
     return out;
@@ -321,7 +334,8 @@ void ObjectBinaryToText(TStream& input, TStream& output, const TFormTextOptions&
     TReader reader(input);
     reader.ReadSignature();
     std::string out;
-    TBinaryToText(reader, out, options).ConvertObject();
+    out.reserve(128 * 1024);
+    TBinaryToText(reader, out, options, &output).ConvertObject();
     reader.Finish();
     output.WriteString(out);
 }
