@@ -58,8 +58,15 @@ Int64 ReadOrdinal(TReader& r, const TPropInfo* prop)
     }
     default: {
         TValueType t = r.NextValue();
+        if (t == vaIdent) {
+            // clBtnFace and the like, when the type has an identifier table.
+            Int64 v = 0;
+            if (!IdentToInt(type, r.ReadIdent(), v))
+                DoesNotFit(prop);
+            return v;
+        }
         if (t != vaInt8 && t != vaInt16 && t != vaInt32 && t != vaInt64)
-            DoesNotFit(prop);  // an identifier such as clBtnFace stays raw
+            DoesNotFit(prop);
         Int64 v = r.ReadInt64();
         if (type->Kind == tkInteger && type->MaxValue > type->MinValue && (v < type->MinValue || v > type->MaxValue))
             DoesNotFit(prop);
@@ -298,9 +305,15 @@ bool EncodeProperty(TWriter& w, TObject* instance, const TPropInfo* prop, TPrope
 {
     const TTypeInfo* type = prop->PropType;
     switch (type->Kind) {
-    case tkInteger:
-        w.WriteInteger(GetOrdProp(instance, prop));
+    case tkInteger: {
+        Int64 v = GetOrdProp(instance, prop);
+        AnsiString ident = IntToIdent(type, v);
+        if (ident.empty())
+            w.WriteInteger(v);
+        else
+            w.WriteIdent(ident);
         return true;
+    }
     case tkChar: {
         char c = char(GetOrdProp(instance, prop));
         w.WriteString(std::string_view(&c, 1));

@@ -214,14 +214,34 @@ const TTypeInfo* DefineSetType(const AnsiString& name, const TTypeInfo* enumType
     return Keep(std::move(info));
 }
 
-const TTypeInfo* DefineIntegerType(const AnsiString& name, Int64 minValue, Int64 maxValue)
+const TTypeInfo* DefineIntegerType(const AnsiString& name, Int64 minValue, Int64 maxValue,
+                                   std::vector<std::pair<AnsiString, Int64>> idents)
 {
     TTypeInfo info;
     info.Kind = tkInteger;
     info.Name = name;
     info.MinValue = minValue;
     info.MaxValue = maxValue;
+    info.IntegerIdents = std::move(idents);
     return Keep(std::move(info));
+}
+
+AnsiString IntToIdent(const TTypeInfo* type, Int64 value)
+{
+    for (const auto& [ident, v] : type->IntegerIdents)
+        if (v == value)
+            return ident;
+    return {};
+}
+
+bool IdentToInt(const TTypeInfo* type, const AnsiString& ident, Int64& value)
+{
+    for (const auto& [name, v] : type->IntegerIdents)
+        if (SameText(name, ident)) {
+            value = v;
+            return true;
+        }
+    return false;
 }
 
 const TTypeInfo* DefineFloatType(const AnsiString& name, TFloatType floatType)

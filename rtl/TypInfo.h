@@ -72,6 +72,10 @@ struct TTypeInfo {
     TFloatType FloatType = ftDouble;     // floats
     TMetaClass* ClassType = nullptr;     // classes
     AnsiString MethodParams;             // methods: the handler's parameters as source text
+    // Integers: names that stand for values in forms and the inspector
+    // (clBtnFace for a colour, crHandPoint for a cursor), as the class
+    // library's identifier-to-integer tables give them.
+    std::vector<std::pair<AnsiString, Int64>> IntegerIdents;
 };
 
 const TTypeInfo* TypeInfo_Integer();
@@ -97,7 +101,12 @@ const TTypeInfo* TypeInfo_TNotifyEvent();
 const TTypeInfo* DefineEnumType(const AnsiString& name, std::vector<AnsiString> names);
 // Sets hold at most 64 elements: bit i of the value is element i.
 const TTypeInfo* DefineSetType(const AnsiString& name, const TTypeInfo* enumType);
-const TTypeInfo* DefineIntegerType(const AnsiString& name, Int64 minValue, Int64 maxValue);
+const TTypeInfo* DefineIntegerType(const AnsiString& name, Int64 minValue, Int64 maxValue,
+                                   std::vector<std::pair<AnsiString, Int64>> idents = {});
+// The identifier of an integer value (empty when it has none) and the value
+// of an identifier (case-insensitive; false when unknown).
+AnsiString IntToIdent(const TTypeInfo* type, Int64 value);
+bool IdentToInt(const TTypeInfo* type, const AnsiString& ident, Int64& value);
 const TTypeInfo* DefineFloatType(const AnsiString& name, TFloatType floatType);
 const TTypeInfo* DefineStringType(const AnsiString& name);
 const TTypeInfo* DefineMethodType(const AnsiString& name, const AnsiString& params = "TObject *Sender");

@@ -46,6 +46,13 @@ private:
 
 enum TTestAlign { alNone, alTop, alClient };
 
+const TTypeInfo* TypeInfo_TTestColor()
+{
+    static const TTypeInfo* t =
+        DefineIntegerType("TTestColor", INT32_MIN, INT32_MAX, {{"clRed", 0xFF}, {"clBtnFace", -16777201}});
+    return t;
+}
+
 const TTypeInfo* TypeInfo_TTestAlign()
 {
     static const TTypeInfo* t = DefineEnumType("TTestAlign", {"alNone", "alTop", "alClient"});
@@ -109,7 +116,7 @@ private:
         b.Property("Left", &TTestControl::FLeft);
         b.Property("Caption", &TTestControl::FCaption);
         b.Enum("Align", TypeInfo_TTestAlign(), &TTestControl::FAlign, nullptr, alNone);
-        b.Property("Color", &TTestControl::FColor).Default(0);
+        b.Property("Color", TypeInfo_TTestColor(), &TTestControl::FColor).Default(0);
         b.Property("Font", &TTestControl::GetFont);
         b.Property("Columns", &TTestControl::GetColumns);
         b.Property("Buddy", &TTestControl::FBuddy);
@@ -226,7 +233,7 @@ TEST(ComponentStream, KnownPropertiesAreAppliedAndTheRestKept)
     EXPECT_EQ(button->Owner(), form.get());
     EXPECT_EQ(button->FLeft, 8);
     EXPECT_EQ(button->FCaption, "OK");
-    EXPECT_EQ(button->FColor, 0);  // "clRed" is no integer the model knows; kept raw
+    EXPECT_EQ(button->FColor, 0xFF);  // through the type's identifiers
     EXPECT_EQ(button->FFont.FName, "Arial");
     ASSERT_EQ(button->FColumns.Count(), 1);
     EXPECT_EQ(static_cast<TTestColumn*>(button->FColumns.Items(0))->FWidth, 30);
@@ -269,6 +276,10 @@ TEST(ComponentStream, EachChangeTouchesOnlyItsOwnLines)
         {"a defined property", [&](TComponent* f) { button(f)->FLines.push_back("three"); },
          {"-        'two')", "+        'two'", "+        'three')"}},
         {"a reference", [&](TComponent* f) { button(f)->FBuddy = nullptr; }, {"-      Buddy = Edit1"}},
+        {"an integer shown by its identifier", [&](TComponent* f) { edit(f)->FColor = -16777201; },
+         {"+    Color = clBtnFace"}},
+        {"an integer without one", [&](TComponent* f) { button(f)->FColor = 0x80; },
+         {"-      Color = clRed", "+      Color = 128"}},
         {"a property the model keeps raw, untouched by a change elsewhere", [&](TComponent* f) { button(f)->FLeft = 9; },
          {"-      Left = 8", "+      Left = 9"}},
     };
