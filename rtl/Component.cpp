@@ -1,4 +1,5 @@
 #include "rtl/Component.h"
+#include "rtl/StringList.h"
 
 #include "rtl/Collection.h"
 
@@ -310,5 +311,5 @@ TComponent* TComponent::Child(int index) const
 void RegisterRtlClasses()
 {
     RegisterClasses({TPersistent::ClassInfo(), TComponent::ClassInfo(), TCollection::ClassInfo(),
-                     TCollectionItem::ClassInfo()});
+                     TCollectionItem::ClassInfo(), TStrings::ClassInfo(), TStringList::ClassInfo()});
 }

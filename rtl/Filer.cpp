@@ -581,6 +581,15 @@ void TWriter::WriteUTF8String(std::string_view utf8)
     FBuffer.append(utf8);
 }
 
+void TWriter::WriteUnicodeString(std::string_view utf8, int codePage)
+{
+    std::string bytes;
+    if (Utf8ToCodePage(utf8, codePage, bytes))
+        WriteString(bytes);
+    else
+        WriteWideString(Utf8ToUtf16(utf8));
+}
+
 void TWriter::WriteStr(std::string_view shortString)
 {
     // A short string holds at most 255 bytes; longer names cannot be streamed.

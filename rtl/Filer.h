@@ -195,6 +195,9 @@ public:
     void WriteString(std::string_view bytes);  // vaString up to 255 bytes, vaLString above
     void WriteWideString(std::u16string_view text);
     void WriteUTF8String(std::string_view utf8);
+    // UTF-8 text as an 8-bit string of the code page when it fits there,
+    // else as a wide string.
+    void WriteUnicodeString(std::string_view utf8, int codePage = 1252);
     void WriteStr(std::string_view shortString);
     void WriteBinary(std::string_view bytes);
 

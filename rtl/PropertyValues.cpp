@@ -242,15 +242,6 @@ void ReadPropertyValue(TReader& r, TObject* instance, const TPropInfo* prop, TPr
 
 namespace {
 
-void WriteStringValue(TWriter& w, const AnsiString& utf8, int codePage)
-{
-    std::string bytes;
-    if (Utf8ToCodePage(utf8, codePage, bytes))
-        w.WriteString(bytes);
-    else
-        w.WriteWideString(Utf8ToUtf16(utf8));
-}
-
 AnsiString ReferenceName(TComponent* target, TComponent* root)
 {
     if (target == root || target->Owner() == root || !target->Owner())
@@ -280,7 +271,7 @@ void WriteVariantValue(TWriter& w, const Variant& v, int codePage)
         w.WriteBoolean(v.AsBoolean());
         break;
     default:
-        WriteStringValue(w, v.AsString(), codePage);
+        w.WriteUnicodeString(v.AsString(), codePage);
     }
 }
 
@@ -352,7 +343,7 @@ bool EncodeProperty(TWriter& w, TObject* instance, const TPropInfo* prop, TPrope
         return true;
     }
     case tkString:
-        WriteStringValue(w, GetStrProp(instance, prop), ctx.CodePage);
+        w.WriteUnicodeString(GetStrProp(instance, prop), ctx.CodePage);
         return true;
     case tkMethod: {
         AnsiString handler = GetMethodProp(instance, prop);

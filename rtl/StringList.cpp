@@ -1,5 +1,7 @@
 #include "rtl/StringList.h"
 
+#include "rtl/Filer.h"
+
 #include "rtl/Streams.h"
 
 #include <algorithm>
@@ -197,6 +199,36 @@ void TStrings::CopySettingsFrom(const TStrings& source)
     FQuoteChar = source.FQuoteChar;
     FNameValueSeparator = source.FNameValueSeparator;
     FStrictDelimiter = source.FStrictDelimiter;
+}
+
+void TStrings::Assign(TPersistent* source)
+{
+    if (auto* strings = dynamic_cast<TStrings*>(source))
+        Assign(*strings);
+    else
+        TPersistent::Assign(source);
+}
+
+void TStrings::DefineProperties(TFiler& filer)
+{
+    filer.DefineProperty(
+        "Strings",
+        [this](TReader& reader) {
+            BeginUpdate();
+            Clear();
+            reader.ReadListBegin();
+            while (!reader.EndOfList())
+                Add(reader.ReadUnicodeString());
+            reader.ReadListEnd();
+            EndUpdate();
+        },
+        [this](TWriter& writer) {
+            writer.WriteListBegin();
+            for (int i = 0; i < Count(); ++i)
+                writer.WriteUnicodeString(Get(i));
+            writer.WriteListEnd();
+        },
+        Count() > 0);
 }
 
 void TStrings::Assign(const TStrings& source)

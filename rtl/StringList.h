@@ -2,6 +2,7 @@
 // TStrings, the abstract list of strings with an object pointer per line,
 // and TStringList, its stored and optionally sorted form.
 
+#include "rtl/Persistent.h"
 #include "rtl/SysUtils.h"
 
 #include <functional>
@@ -12,9 +13,14 @@ class TStrings;
 
 using TStringsEvent = std::function<void(TStrings& sender)>;
 
-class TStrings {
+// A persistent, so a component can publish a list of strings: forms store
+// it as the defined property "Strings", a list of string values
+// ("Lines.Strings = ('one' 'two')").
+class TStrings : public TPersistent {
+    QZ_CLASS(TStrings, TPersistent)
+
 public:
-    virtual ~TStrings() = default;
+    ~TStrings() override = default;
 
     // ---- What a descendant provides
     virtual int Count() const = 0;
@@ -41,6 +47,8 @@ public:
     // Copies the lines, their objects and the text settings (and for a
     // TStringList source, its sorting settings too).
     virtual void Assign(const TStrings& source);
+    void Assign(TPersistent* source) override;
+    void DefineProperties(TFiler& filer) override;
     // Same lines in the same order, compared byte for byte.
     bool Equals(const TStrings& strings) const;
 
@@ -130,7 +138,10 @@ class TStringList;
 using TStringListSortCompare = std::function<int(const TStringList& list, int index1, int index2)>;
 
 class TStringList : public TStrings {
+    QZ_CLASS(TStringList, TStrings)
+
 public:
+    using TStrings::Assign;
     TStringList() = default;
     // Copies lines, objects and settings, but not the event handlers.
     TStringList(const TStringList& other);

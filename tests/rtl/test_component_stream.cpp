@@ -5,6 +5,7 @@
 #include "rtl/Collection.h"
 #include "rtl/ComponentStream.h"
 #include "rtl/Parser.h"
+#include "rtl/StringList.h"
 #include "support/Corpus.h"
 
 #include <gtest/gtest.h>
@@ -124,6 +125,19 @@ private:
     }
 };
 
+// A control publishing a list of strings, as memos and list boxes do.
+class TTestList : public TComponent {
+    QZ_CLASS(TTestList, TComponent)
+
+public:
+    explicit TTestList(TComponent* owner) : TComponent(owner) {}
+    TStringList FItems;
+    TStringList* GetItems() { return &FItems; }
+
+private:
+    static void DeclareProperties(TClassBuilder<TTestList>& b) { b.Property("Items", &TTestList::GetItems); }
+};
+
 class TTestForm : public TComponent {
     QZ_CLASS(TTestForm, TComponent)
 
@@ -138,7 +152,7 @@ private:
 void RegisterTestClasses()
 {
     RegisterComponentStreamClasses();
-    RegisterClasses({TTestControl::ClassInfo(), TTestForm::ClassInfo(), TTestColumn::ClassInfo()});
+    RegisterClasses({TTestControl::ClassInfo(), TTestForm::ClassInfo(), TTestColumn::ClassInfo(), TTestList::ClassInfo()});
 }
 
 TFormTextOptions Lf()
@@ -377,4 +391,24 @@ TEST(ComponentStream, EveryCorpusFormSurvivesLoadingAndSaving)
     }
     for (const std::string& f : failures)
         ADD_FAILURE() << f;
+}
+
+TEST(ComponentStream, StringListsAreStoredAsTheirStringsProperty)
+{
+    const std::string text = "object F: TTestForm\n"
+                             "  object L: TTestList\n"
+                             "    Items.Strings = (\n"
+                             "      'one'\n"
+                             "      'caf\xE9')\n"
+                             "  end\n"
+                             "end\n";
+    auto form = Load(text);
+    auto* list = static_cast<TTestList*>(form->FindComponent("L"));
+    ASSERT_EQ(list->FItems.Count(), 2);
+    EXPECT_EQ(list->FItems[1], "caf\xC3\xA9");
+    EXPECT_EQ(WriteFormText(form.get(), Lf()), text);
+    list->FItems.Add("\xE4\xB8\xAD");  // beyond the code page: written as a wide string
+    EXPECT_NE(WriteFormText(form.get(), Lf()).find("      'caf\xE9'\n      #20013)"), std::string::npos);
+    list->FItems.Clear();
+    EXPECT_EQ(WriteFormText(form.get(), Lf()).find("Items.Strings"), std::string::npos);
 }
