@@ -1,0 +1,130 @@
+#pragma once
+// The strings package: labels (text and hint), messages and texts, three
+// lists side by side, each with its own Id space.
+
+#include "runtime/model/QzPkgCollection.h"
+#include "runtime/model/QzPkgInfo.h"
+
+class TQzPkgStrings;
+
+class TQzPkgStringsLabel : public TQzPkgIdItem {
+    QZ_CLASS(TQzPkgStringsLabel, TQzPkgIdItem)
+
+public:
+    TQzPkgStringsLabel(TQzPkgIdCollection* collection, Integer id) : TQzPkgIdItem(collection, id) {}
+
+    const AnsiString& Text() const { return FText; }
+    void SetText(const AnsiString& value);
+    const AnsiString& Hint() const { return FHint; }
+    void SetHint(const AnsiString& value);
+    void Assign(TPersistent* source) override;
+
+private:
+    static void DeclareProperties(TClassBuilder<TQzPkgStringsLabel>& b);
+    AnsiString FText;
+    AnsiString FHint;
+};
+
+class TQzPkgStringsMessage : public TQzPkgIdItem {
+    QZ_CLASS(TQzPkgStringsMessage, TQzPkgIdItem)
+
+public:
+    TQzPkgStringsMessage(TQzPkgIdCollection* collection, Integer id) : TQzPkgIdItem(collection, id) {}
+
+    const AnsiString& Text() const { return FText; }
+    void SetText(const AnsiString& value);
+    void Assign(TPersistent* source) override;
+
+private:
+    static void DeclareProperties(TClassBuilder<TQzPkgStringsMessage>& b);
+    AnsiString FText;
+};
+
+// A text may hold several lines, kept with the line breaks it was given.
+class TQzPkgStringsText : public TQzPkgIdItem {
+    QZ_CLASS(TQzPkgStringsText, TQzPkgIdItem)
+
+public:
+    TQzPkgStringsText(TQzPkgIdCollection* collection, Integer id) : TQzPkgIdItem(collection, id) {}
+
+    const AnsiString& Text() const { return FText; }
+    void SetText(const AnsiString& value);
+    void Assign(TPersistent* source) override;
+
+private:
+    static void DeclareProperties(TClassBuilder<TQzPkgStringsText>& b);
+    AnsiString FText;
+};
+
+class TQzPkgStringsLabels : public TQzPkgIdCollection {
+    QZ_CLASS(TQzPkgStringsLabels, TQzPkgIdCollection)
+
+public:
+    explicit TQzPkgStringsLabels(TQzPkgInfo* package) : TQzPkgIdCollection(package, "label") {}
+
+    // Raises EQzPkgError for a used or negative Id.
+    TQzPkgStringsLabel* Add(Integer id, const AnsiString& text = {}, const AnsiString& hint = {});
+    TQzPkgStringsLabel* GetItems(int index) const { return static_cast<TQzPkgStringsLabel*>(Item(index)); }
+    TQzPkgStringsLabel* FindId(Integer id) const { return static_cast<TQzPkgStringsLabel*>(FindIdItem(id)); }
+    // The first label (in list order) whose text equals text exactly; nullptr when none.
+    TQzPkgStringsLabel* FindLabel(const AnsiString& text) const;
+};
+
+class TQzPkgStringsMessages : public TQzPkgIdCollection {
+    QZ_CLASS(TQzPkgStringsMessages, TQzPkgIdCollection)
+
+public:
+    explicit TQzPkgStringsMessages(TQzPkgInfo* package) : TQzPkgIdCollection(package, "message") {}
+
+    TQzPkgStringsMessage* Add(Integer id, const AnsiString& text = {});
+    TQzPkgStringsMessage* GetItems(int index) const { return static_cast<TQzPkgStringsMessage*>(Item(index)); }
+    TQzPkgStringsMessage* FindId(Integer id) const { return static_cast<TQzPkgStringsMessage*>(FindIdItem(id)); }
+};
+
+class TQzPkgStringsTexts : public TQzPkgIdCollection {
+    QZ_CLASS(TQzPkgStringsTexts, TQzPkgIdCollection)
+
+public:
+    explicit TQzPkgStringsTexts(TQzPkgInfo* package) : TQzPkgIdCollection(package, "text") {}
+
+    TQzPkgStringsText* Add(Integer id, const AnsiString& text = {});
+    TQzPkgStringsText* GetItems(int index) const { return static_cast<TQzPkgStringsText*>(Item(index)); }
+    TQzPkgStringsText* FindId(Integer id) const { return static_cast<TQzPkgStringsText*>(FindIdItem(id)); }
+};
+
+class TQzPkgStrings : public TQzPkgInfo {
+    QZ_CLASS(TQzPkgStrings, TQzPkgInfo)
+
+public:
+    // The version of the contents layout this class writes.
+    static constexpr Integer DataVersion = 1;
+
+    explicit TQzPkgStrings(TComponent* owner);
+    ~TQzPkgStrings() override;
+
+    TQzPkgStringsLabels* Labels() { return &FLabels; }
+    TQzPkgStringsMessages* Messages() { return &FMessages; }
+    TQzPkgStringsTexts* Texts() { return &FTexts; }
+    const TQzPkgStringsLabels* Labels() const { return &FLabels; }
+    const TQzPkgStringsMessages* Messages() const { return &FMessages; }
+    const TQzPkgStringsTexts* Texts() const { return &FTexts; }
+
+    // Empties the three lists.
+    void Clear() override;
+    bool IsEmpty() const override;
+    // Tells the links to read everything again (after a bulk change).
+    void NotifyInit(TObject* sender) { NotifyEvt(peInit, sender); }
+
+    AnsiString DefaultExt() const override { return "pst"; }
+    AnsiString KindName() const override { return "PkgStrings"; }
+
+    void xSaveToStream(TWriter* writer) override;
+    void xLoadFromStream(TReader* reader) override;
+
+private:
+    static void DeclareProperties(TClassBuilder<TQzPkgStrings>& b);
+
+    TQzPkgStringsLabels FLabels{this};
+    TQzPkgStringsMessages FMessages{this};
+    TQzPkgStringsTexts FTexts{this};
+};

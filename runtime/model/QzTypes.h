@@ -1,0 +1,82 @@
+#pragma once
+// The small types of the package model: enumerations the packages publish
+// (each with its type record, so the inspector lists its names and an editor
+// can be bound to it), colours and shortcuts, the editor placement kept in
+// every package, and the model's exception.
+
+#include "rtl/SysUtils.h"
+#include "rtl/TypInfo.h"
+
+// Raised when the model refuses an operation: a duplicate Id, a change to
+// the "System" package without permission, a second application object.
+QZ_DECLARE_EXCEPTION(EQzPkgError, Exception);
+
+// A colour as the suite stores it: 0x00BBGGRR, or a negative system colour.
+using TColor = Integer;
+// A keyboard shortcut: virtual key in the low byte, shift state above.
+using TShortCut = Word;
+
+const TTypeInfo* TypeInfo_TColor();
+const TTypeInfo* TypeInfo_TShortCut();
+
+// Where a package keeps its contents: inside the form (DFM) or in a package
+// file of its own (FILE).
+enum TQzRegisterInitMode { imDFM, imFile };
+const TTypeInfo* TypeInfo_TQzRegisterInitMode();
+
+// The type of a variable; a folder holds other items and has no value.
+enum TQzPkgVarsItemType { qvBoolean, qvInteger, qvFloat, qvString, qvFolder };
+const TTypeInfo* TypeInfo_TQzPkgVarsItemType();
+
+// A privilege's access: none, read, read and write. Shown "N", "R", "R/W".
+enum TQzAccess { qaN, qaR, qaRW };
+const TTypeInfo* TypeInfo_TQzAccess();
+AnsiString QzAccessText(TQzAccess access);
+
+enum TQzBackGroundStyle { bgSolid, bgGradientHor, bgGradientVer, bgImage, bgImageTile };
+const TTypeInfo* TypeInfo_TQzBackGroundStyle();
+
+enum TQzDateFormat { dfDMY, dfMDY, dfYMD };
+const TTypeInfo* TypeInfo_TQzDateFormat();
+
+// How a two-digit year is completed: always 19yy/20yy by a fixed century,
+// four digits typed, or a sliding window around a pivot year.
+enum TQzDateYear { dyCentury, dyFourDigits, dyWindow };
+const TTypeInfo* TypeInfo_TQzDateYear();
+
+// Where the currency string goes: "$1", "1$", "$ 1", "1 $".
+enum TQzCurrencyFormat { cfBefore, cfAfter, cfBeforeSpace, cfAfterSpace };
+const TTypeInfo* TypeInfo_TQzCurrencyFormat();
+
+enum TQzDataBaseEngine { deGeneric, deInterBase, deMSSQL, deOracle, deMySQL, dePostgreSQL, deSQLite };
+const TTypeInfo* TypeInfo_TQzDataBaseEngine();
+
+// The data type of an edit's mask (value 5: none).
+enum TQzDataType { qdtInteger, qdtFloat, qdtCurrency, qdtString, qdtDateTime, qdtNone, qdtMemo };
+const TTypeInfo* TypeInfo_TQzDataType();
+
+// How a masked value is taken from the text: as typed data, as the text
+// shown, or as the text without the mask's literals.
+enum TQzMaskTake { mtData, mtText, mtRawText };
+const TTypeInfo* TypeInfo_TQzMaskTake();
+
+// Where a package's editor window stood when it was last closed. A Left of
+// NotPlaced means the editor was never placed and opens centred.
+struct TQzWindowPlacement {
+    static constexpr Integer NotPlaced = 0x7FFFFFFF;
+    static constexpr Byte StateMaximized = 2;
+
+    Integer Left = NotPlaced;
+    Integer Top = 0;
+    Integer Width = 0;
+    Integer Height = 0;
+    Byte State = 0;   // 0 normal, 1 minimized, 2 maximized
+
+    bool Placed() const { return Left != NotPlaced; }
+    bool operator==(const TQzWindowPlacement&) const = default;
+};
+
+// The package named "System" (in any case) is the suite's own.
+inline constexpr const char* QzSystemPkgName = "System";
+inline constexpr const char* QzUserPkgName = "User";
+bool QzIsSystemPkgName(const AnsiString& name);
