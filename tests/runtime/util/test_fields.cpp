@@ -1,0 +1,154 @@
+// Field lists: the line a text export writes must read back as the same
+// fields, whatever they hold, and hand-written lines read as they look.
+
+#include "runtime/util/QzFields.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace {
+
+using TFields = std::vector<AnsiString>;
+
+TFields Split(const AnsiString& text, char separator)
+{
+    TStringList list;
+    QzTextToStrings(text, &list, separator);
+    TFields fields;
+    for (int i = 0; i < list.Count(); ++i)
+        fields.push_back(list[i]);
+    return fields;
+}
+
+AnsiString Join(const TFields& fields, char separator)
+{
+    TStringList list;
+    for (const AnsiString& f : fields)
+        list.Add(f);
+    return QzTextFromStrings(&list, separator);
+}
+
+struct TRoundTripCase {
+    const char* Name;
+    TFields Fields;
+};
+
+class FieldsRoundTrip : public ::testing::TestWithParam<TRoundTripCase> {};
+
+TEST_P(FieldsRoundTrip, ReadsBackWithEitherSeparator)
+{
+    for (char separator : {',', ';', '|', '\\'}) {
+        const AnsiString line = Join(GetParam().Fields, separator);
+        EXPECT_EQ(line.find_first_of("\r\n"), AnsiString::npos) << "a joined line must stay one line: " << line;
+        EXPECT_EQ(Split(line, separator), GetParam().Fields) << "line: " << line;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    AwkwardFields, FieldsRoundTrip,
+    ::testing::Values(
+        TRoundTripCase{"NoFields", {}},
+        TRoundTripCase{"OneEmptyField", {""}},
+        TRoundTripCase{"TwoEmptyFields", {"", ""}},
+        TRoundTripCase{"EmptyAtEnds", {"", "a", ""}},
+        TRoundTripCase{"Plain", {"12", "Hello", "World"}},
+        TRoundTripCase{"Separators", {"a,b", "c;d", ",", ";;"}},
+        TRoundTripCase{"Quotes", {"\"", "\"\"", "say \"hi\"", "\"quoted\""}},
+        TRoundTripCase{"LineBreaks", {"one\r\ntwo", "\n", "\r", "end\n"}},
+        TRoundTripCase{"Blanks", {" ", "  lead", "trail  ", "\tTab\t", " both "}},
+        TRoundTripCase{"Hashes", {"#", "#13", "#abc", "a#1", "##"}},
+        TRoundTripCase{"ControlBytes", {AnsiString("nul\0mid", 7), "\x7f", "\x1b[0m"}},
+        TRoundTripCase{"Utf8", {"Größe", "日本語, text", "emoji 😀"}},
+        TRoundTripCase{"Backslashes", {"C:\\dir\\file", "\\"}}),
+    [](const auto& info) { return info.param.Name; });
+
+TEST(Fields, RandomFieldListsReadBack)
+{
+    // Fields drawn from the characters that matter to the rule, so that
+    // every combination of quote, hash, blank, separator and break occurs.
+    const AnsiString alphabet = std::string("ab ,;\"#1\r\n\t\0\x7f\xc3\xa9", 17);
+    std::mt19937 rng(20240611);
+    for (int round = 0; round < 5000; ++round) {
+        TFields fields(rng() % 6);
+        for (AnsiString& f : fields) {
+            const size_t length = rng() % 7;
+            for (size_t i = 0; i < length; ++i)
+                f += alphabet[rng() % alphabet.size()];
+        }
+        const char separator = round % 2 ? ',' : ';';
+        const AnsiString line = Join(fields, separator);
+        ASSERT_EQ(Split(line, separator), fields) << "line: " << line;
+    }
+}
+
+struct TReadCase {
+    const char* Text;
+    TFields Expected;
+};
+
+TEST(Fields, HandWrittenLinesReadAsTheyLook)
+{
+    const TReadCase cases[] = {
+        {"1, Hello , World", {"1", "Hello", "World"}},
+        {"1,\"Hello, world\"", {"1", "Hello, world"}},
+        {"  \"a\"  ,  b  ", {"a", "b"}},
+        {"a,", {"a", ""}},
+        {",", {"", ""}},
+        {"   ", {""}},
+        {"#abc,x", {"#abc", "x"}},
+        {"\"line\"#13#10\"next\"", {"line\r\nnext"}},
+        {"#65#66", {"AB"}},
+        {"#233", {"\xc3\xa9"}},
+        {"\"\"\"\"", {"\""}},
+    };
+    for (const TReadCase& c : cases)
+        EXPECT_EQ(Split(c.Text, ','), c.Expected) << "text: " << c.Text;
+}
+
+TEST(Fields, MalformedLinesNameTheColumn)
+{
+    const struct {
+        const char* Text;
+        const char* Message;
+    } cases[] = {
+        {"1,\"open", "Unterminated quoted field at column 3"},
+        {"\"a\"b,c", "Text after a quoted field at column 4"},
+        {"#1x", "Text after a quoted field at column 3"},
+        {"#99999999", "Character code out of range at column 1"},
+        {"\"a\"#", "Missing character code after '#' at column 4"},
+    };
+    for (const auto& c : cases) {
+        TStringList list;
+        list.Add("kept");
+        try {
+            QzTextToStrings(c.Text, &list, ',');
+            ADD_FAILURE() << "no error for " << c.Text;
+        } catch (const EConvertError& e) {
+            EXPECT_EQ(e.Message(), c.Message) << "text: " << c.Text;
+        }
+        ASSERT_EQ(list.Count(), 1) << "a bad line must leave the list as it was";
+        EXPECT_EQ(list[0], "kept");
+    }
+}
+
+TEST(Fields, SeparatorsThatWouldBeAmbiguousAreRefused)
+{
+    TStringList list;
+    for (char separator : {'"', '#', ' ', '\t', '\n', '7'}) {
+        EXPECT_THROW(QzTextToStrings("a", &list, separator), EConvertError) << int(separator);
+        EXPECT_THROW(QzTextFromStrings(&list, separator), EConvertError) << int(separator);
+    }
+}
+
+TEST(Fields, SplitReplacesWhatTheListHeld)
+{
+    TStringList list;
+    list.Add("old");
+    QzTextToStrings("x,y", &list, ',');
+    ASSERT_EQ(list.Count(), 2);
+    EXPECT_EQ(list[0], "x");
+}
+
+} // namespace
