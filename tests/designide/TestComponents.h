@@ -1,0 +1,114 @@
+#pragma once
+// Small component classes with a published property of every kind, shared
+// by the designide tests (global, so every test file sees one metaclass).
+
+#include "rtl/Component.h"
+
+enum TDtShape { dsCircle, dsSquare, dsTriangle };
+enum TDtStyle { dfBold, dfItalic, dfUnderline };
+using TDtStyles = TEnumSet<TDtStyle>;
+
+const TTypeInfo* TypeInfo_TDtShape();
+const TTypeInfo* TypeInfo_TDtStyles();
+const TTypeInfo* TypeInfo_TDtColor();   // an integer type of its own
+
+class TDtFont : public TPersistent {
+    QZ_CLASS(TDtFont, TPersistent)
+
+public:
+    AnsiString FName = "Tahoma";
+    Integer FSize = 8;
+    TDtStyles FStyle;
+
+    void Assign(TPersistent* source) override;
+
+private:
+    static void DeclareProperties(TClassBuilder<TDtFont>& b);
+};
+
+// A font with one more property, to bind editors to an ancestor type.
+class TDtBigFont : public TDtFont {
+    QZ_CLASS(TDtBigFont, TDtFont)
+
+public:
+    Integer FWeight = 400;
+
+private:
+    static void DeclareProperties(TClassBuilder<TDtBigFont>& b);
+};
+
+class TDtControl : public TComponent {
+    QZ_CLASS(TDtControl, TComponent)
+
+public:
+    explicit TDtControl(TComponent* owner) : TComponent(owner) {}
+
+    Integer FWidth = 10;
+    Integer FColor = 0;
+    Int64 FBig = 0;
+    char FHotKey = 'A';
+    TDtShape FShape = dsCircle;
+    bool FVisible = true;
+    TDtStyles FStyles;
+    double FRatio = 0;
+    AnsiString FCaption;
+    TDtFont FFont;
+    TDtControl* FBuddy = nullptr;
+    AnsiString FOnClick;
+    Variant FValue;
+
+    TDtFont* GetFont() { return &FFont; }
+    void Notification(TComponent* component, TOperation operation) override;
+
+private:
+    static void DeclareProperties(TClassBuilder<TDtControl>& b);
+};
+
+class TDtButton : public TDtControl {
+    QZ_CLASS(TDtButton, TDtControl)
+
+public:
+    using TDtControl::TDtControl;
+    AnsiString FHint;
+
+private:
+    static void DeclareProperties(TClassBuilder<TDtButton>& b);
+};
+
+class TDtLabel : public TDtControl {
+    QZ_CLASS(TDtLabel, TDtControl)
+
+public:
+    using TDtControl::TDtControl;
+    TDtBigFont FTitleFont;
+    TDtBigFont* GetTitleFont() { return &FTitleFont; }
+
+private:
+    static void DeclareProperties(TClassBuilder<TDtLabel>& b);
+};
+
+// Shares only Name and Tag with the controls.
+class TDtTimer : public TComponent {
+    QZ_CLASS(TDtTimer, TComponent)
+
+public:
+    using TComponent::TComponent;
+    Integer FInterval = 1000;
+
+private:
+    static void DeclareProperties(TClassBuilder<TDtTimer>& b);
+};
+
+class TDtForm : public TComponent {
+    QZ_CLASS(TDtForm, TComponent)
+
+public:
+    using TComponent::TComponent;
+    AnsiString FCaption;
+
+private:
+    static void DeclareProperties(TClassBuilder<TDtForm>& b);
+};
+
+// Registers the classes above with the class library (for reading forms).
+void RegisterDtClasses();
