@@ -1,5 +1,6 @@
 #include "TestComponents.h"
 
+#include "designide/DesignEditors.h"
 #include "rtl/ComponentStream.h"
 
 const TTypeInfo* TypeInfo_TDtShape()
@@ -18,6 +19,12 @@ const TTypeInfo* TypeInfo_TDtStyles()
 const TTypeInfo* TypeInfo_TDtColor()
 {
     static const TTypeInfo* t = DefineIntegerType("TDtColor", INT32_MIN, INT32_MAX);
+    return t;
+}
+
+const TTypeInfo* TypeInfo_TDtCursor()
+{
+    static const TTypeInfo* t = DefineIntegerType("TDtCursor", INT16_MIN, INT16_MAX, {{"crDefault", 0}, {"crHand", -21}});
     return t;
 }
 
@@ -55,6 +62,7 @@ void TDtControl::DeclareProperties(TClassBuilder<TDtControl>& b)
 {
     b.Property("Width", &TDtControl::FWidth).Default(10);
     b.Property("Color", TypeInfo_TDtColor(), &TDtControl::FColor).Default(0);
+    b.Property("Cursor", TypeInfo_TDtCursor(), &TDtControl::FCursor).Default(0);
     b.Property("Big", &TDtControl::FBig);
     b.Property("HotKey", &TDtControl::FHotKey);
     b.Enum("Shape", TypeInfo_TDtShape(), &TDtControl::FShape, nullptr, dsCircle);
@@ -93,4 +101,26 @@ void RegisterDtClasses()
     RegisterComponentStreamClasses();
     RegisterClasses({ClassOf<TDtControl>(), ClassOf<TDtButton>(), ClassOf<TDtLabel>(), ClassOf<TDtTimer>(),
                      ClassOf<TDtForm>()});
+}
+
+std::unique_ptr<TFormDesigner> MakeTestDesigner()
+{
+    auto root = std::make_unique<TDtForm>(nullptr);
+    root->SetName("Form1");
+    (new TDtButton(root.get()))->SetName("Button1");
+    (new TDtLabel(root.get()))->SetName("Label1");
+    (new TDtControl(root.get()))->SetName("Control1");
+    (new TDtTimer(root.get()))->SetName("Timer1");
+    return std::make_unique<TFormDesigner>(std::move(root));
+}
+
+std::map<AnsiString, std::unique_ptr<TPropertyEditor>> EditorsFor(const TDesignerSelections& selection,
+                                                                   IDesigner* designer)
+{
+    std::map<AnsiString, std::unique_ptr<TPropertyEditor>> editors;
+    GetComponentProperties(selection, designer, [&](std::unique_ptr<TPropertyEditor> editor) {
+        const AnsiString name = editor->GetName();
+        editors[name] = std::move(editor);
+    });
+    return editors;
 }

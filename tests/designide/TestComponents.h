@@ -2,7 +2,11 @@
 // Small component classes with a published property of every kind, shared
 // by the designide tests (global, so every test file sees one metaclass).
 
+#include "designide/FormDesigner.h"
 #include "rtl/Component.h"
+
+#include <map>
+#include <memory>
 
 enum TDtShape { dsCircle, dsSquare, dsTriangle };
 enum TDtStyle { dfBold, dfItalic, dfUnderline };
@@ -11,6 +15,7 @@ using TDtStyles = TEnumSet<TDtStyle>;
 const TTypeInfo* TypeInfo_TDtShape();
 const TTypeInfo* TypeInfo_TDtStyles();
 const TTypeInfo* TypeInfo_TDtColor();   // an integer type of its own
+const TTypeInfo* TypeInfo_TDtCursor();  // an integer type with identifiers
 
 class TDtFont : public TPersistent {
     QZ_CLASS(TDtFont, TPersistent)
@@ -45,6 +50,7 @@ public:
 
     Integer FWidth = 10;
     Integer FColor = 0;
+    Integer FCursor = 0;
     Int64 FBig = 0;
     char FHotKey = 'A';
     TDtShape FShape = dsCircle;
@@ -112,3 +118,12 @@ private:
 
 // Registers the classes above with the class library (for reading forms).
 void RegisterDtClasses();
+
+// A designer over Form1 (TDtForm) owning Button1 (TDtButton), Label1
+// (TDtLabel), Control1 (TDtControl) and Timer1 (TDtTimer).
+std::unique_ptr<TFormDesigner> MakeTestDesigner();
+
+class TPropertyEditor;
+// The editors GetComponentProperties gives for a selection, by name.
+std::map<AnsiString, std::unique_ptr<TPropertyEditor>> EditorsFor(const TDesignerSelections& selection,
+                                                                   IDesigner* designer);
