@@ -1,0 +1,318 @@
+// The project functions over a project folder made for each test: modules
+// and forms from the project file, forms read as text from files of every
+// format or from the open designer, and written back in their format.
+
+#include "TestComponents.h"
+#include "designide/ProjectFile.h"
+#include "designide/QzPortDsgn.h"
+#include "rtl/ComponentStream.h"
+#include "rtl/Parser.h"
+#include "support/Corpus.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include <unistd.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string Form1Text =
+    "object Form1: TDtForm\r\n  Caption = 'One'\r\n  object Button1: TDtButton\r\n    Width = 20\r\n  end\r\nend\r\n";
+const std::string Form2Text = "object Form2: TDtForm\r\n  Caption = 'Two'\r\nend\r\n";
+const std::string Form3Text = "object Form3: TDtForm\r\n  Caption = 'Three'\r\nend\r\n";
+
+const char* const ProjectText = R"(<?xml version='1.0' encoding='utf-8' ?>
+<!-- C++Builder XML Project -->
+<PROJECT>
+  <MACROS>
+    <RESDEPEN value="$(RESFILES) Unit1.dfm"/>
+  </MACROS>
+  <FILELIST>
+      <FILE FILENAME="Project1.res" FORMNAME="" UNITNAME="Project1" CONTAINERID="ResTool" DESIGNCLASS="" LOCALCOMMAND=""/>
+      <FILE FILENAME="Project1.cpp" FORMNAME="" UNITNAME="Project1" CONTAINERID="CCompiler" DESIGNCLASS="" LOCALCOMMAND=""/>
+      <FILE FILENAME="Unit1.cpp" FORMNAME="Form1" UNITNAME="Unit1" CONTAINERID="CCompiler" DESIGNCLASS="" LOCALCOMMAND=""/>
+      <FILE FILENAME="Forms\Unit2.cpp" FORMNAME="Form2" UNITNAME="Unit2" CONTAINERID="CCompiler"/>
+      <FILE FILENAME="Unit3.cpp" FORMNAME="Form3" UNITNAME="Unit3" CONTAINERID="CCompiler"/>
+      <FILE FILENAME="Util.cpp" FORMNAME="" UNITNAME="Util" CONTAINERID="CCompiler"/>
+      <FILE FILENAME="Gone.cpp" FORMNAME="Form9" UNITNAME="Gone" CONTAINERID="CCompiler"/>
+  </FILELIST>
+</PROJECT>
+)";
+
+class TTempFolder {
+public:
+    TTempFolder()
+    {
+        static int counter = 0;
+        FPath = (fs::temp_directory_path() / ("qz_designide_" + std::to_string(::getpid()) + "_" + std::to_string(++counter)))
+                    .string();
+        fs::remove_all(FPath);
+        fs::create_directories(FPath);
+    }
+    ~TTempFolder() { fs::remove_all(FPath); }
+    const std::string& Path() const { return FPath; }
+    std::string operator/(const std::string& name) const { return FPath + "/" + name; }
+    void Write(const std::string& name, const std::string& bytes) const
+    {
+        fs::create_directories(fs::path(*this / name).parent_path());
+        WriteFileAtomic(*this / name, bytes);
+    }
+
+private:
+    std::string FPath;
+};
+
+// Project1.bpr with a text form in upper case (UNIT1.DFM), a resource form
+// in a subfolder, a bare binary form, a unit without a form and a module
+// whose form file is missing.
+class ProjectFunctions : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        RegisterDtClasses();
+        Folder.Write("Project1.bpr", ProjectText);
+        Folder.Write("UNIT1.DFM", Form1Text);
+        Folder.Write("forms/Unit2.dfm", FormTextToResource(Form2Text));
+        Folder.Write("Unit3.dfm", FormTextToBinary(Form3Text));
+        Folder.Write("Util.cpp", "// no form\n");
+        Project = std::make_unique<TFolderProject>(Folder.Path());
+        Scope = std::make_unique<TProjectServicesScope>(Project.get());
+    }
+
+    bool ReadForm(const std::string& name, TStringList& lines, TStreamOriginalFormat& format)
+    {
+        return QzDelphiFormToFormText(Folder / name, &lines, format);
+    }
+
+    TTempFolder Folder;
+    std::unique_ptr<TFolderProject> Project;
+    std::unique_ptr<TProjectServicesScope> Scope;
+};
+
+TEST_F(ProjectFunctions, TheProjectFileGivesTheModulesAndTheirForms)
+{
+    EXPECT_EQ(QzGetProjectName(), "Project1");
+    EXPECT_EQ(QzGetModuleCount(), 7);
+    EXPECT_EQ(QzGetFormCount(), 4);
+    TStringList names;
+    names.Add("stale");
+    QzGetFormNames(&names);
+    const std::vector<AnsiString> expected = {Folder / "Unit1.dfm", Folder / "forms/Unit2.dfm", Folder / "Unit3.dfm",
+                                              Folder / "Gone.dfm"};
+    ASSERT_EQ(names.Count(), 4);
+    for (int i = 0; i < names.Count(); ++i)
+        EXPECT_EQ(names[i], expected[static_cast<std::size_t>(i)]);
+    // The unit's form file is found whatever its case.
+    EXPECT_EQ(Project->Module(2).FormFile, Folder / "UNIT1.DFM");
+    EXPECT_EQ(Project->Module(2).FormName, "Form1");
+}
+
+TEST_F(ProjectFunctions, FormsAreReadAsTextFromEveryFormat)
+{
+    struct TCase {
+        const char* File;
+        const std::string* Text;
+        TStreamOriginalFormat Format;
+    };
+    for (const TCase& c : {TCase{"Unit1.dfm", &Form1Text, sofText}, TCase{"unit1.DFM", &Form1Text, sofText},
+                           TCase{"Forms/Unit2.dfm", &Form2Text, sofBinary}, TCase{"Unit3.dfm", &Form3Text, sofBinary}}) {
+        TStringList lines;
+        TStreamOriginalFormat format = sofUnknown;
+        ASSERT_TRUE(ReadForm(c.File, lines, format)) << c.File;
+        EXPECT_EQ(format, c.Format) << c.File;
+        EXPECT_EQ(lines.Text(), *c.Text) << c.File;
+    }
+    TStringList lines;
+    TStreamOriginalFormat format = sofUnknown;
+    EXPECT_FALSE(ReadForm("Gone.dfm", lines, format));
+    EXPECT_FALSE(ReadForm("Nowhere.dfm", lines, format));
+}
+
+TEST_F(ProjectFunctions, TextFormsComeBackAsTheyStand)
+{
+    // Line feeds and no final line break stay so through a read and a write.
+    const std::string text = "object Form1: TDtForm\n  Caption = 'LF'\nend";
+    Folder.Write("UNIT1.DFM", text);
+    TStringList lines;
+    TStreamOriginalFormat format = sofUnknown;
+    ASSERT_TRUE(ReadForm("Unit1.dfm", lines, format));
+    EXPECT_EQ(lines.Count(), 3);
+    QzDelphiFormTextToForm(&lines, Folder / "Unit1.dfm", format);
+    EXPECT_EQ(ReadFileBytes(Folder / "UNIT1.DFM"), text);
+}
+
+TEST_F(ProjectFunctions, WritingBackKeepsTheStoredFormatAndABackup)
+{
+    const std::string oldResource = ReadFileBytes(Folder / "forms/Unit2.dfm");
+    TStringList lines;
+    TStreamOriginalFormat format = sofUnknown;
+    ASSERT_TRUE(ReadForm("forms/Unit2.dfm", lines, format));
+    lines.Put(1, "  Caption = 'Changed'");
+    QzDelphiFormTextToForm(&lines, Folder / "forms/Unit2.dfm", format);
+
+    const std::string written = ReadFileBytes(Folder / "forms/Unit2.dfm");
+    EXPECT_EQ(DetectFormFormat(written), TFormFormat::Resource);
+    EXPECT_EQ(FormResourceToText(written), "object Form2: TDtForm\r\n  Caption = 'Changed'\r\nend\r\n");
+    EXPECT_EQ(ReadFileBytes(Folder / "forms/Unit2.~dfm"), oldResource);
+
+    // A text form is written to the file as it is named on disk.
+    ASSERT_TRUE(ReadForm("Unit1.dfm", lines, format));
+    lines.Put(1, "  Caption = 'Changed'");
+    QzDelphiFormTextToForm(&lines, Folder / "Unit1.dfm", format);
+    EXPECT_FALSE(fs::exists(Folder / "Unit1.dfm"));
+    EXPECT_NE(ReadFileBytes(Folder / "UNIT1.DFM").find("'Changed'"), std::string::npos);
+    EXPECT_EQ(ReadFileBytes(Folder / "UNIT1.~dfm"), Form1Text);
+}
+
+TEST_F(ProjectFunctions, BadTextForABinaryFormNamesTheFileAndLineAndWritesNothing)
+{
+    const std::string before = ReadFileBytes(Folder / "Unit3.dfm");
+    TStringList lines;
+    lines.SetText("object Form3: TDtForm\r\n  Caption = 'unterminated\r\nend\r\n");
+    try {
+        QzDelphiFormTextToForm(&lines, Folder / "Unit3.dfm", sofBinary);
+        FAIL() << "bad text was written";
+    } catch (const ETextParseError& e) {
+        EXPECT_NE(e.Message().find(Folder / "Unit3.dfm"), AnsiString::npos) << e.Message();
+        EXPECT_EQ(e.Line(), 2);
+    }
+    EXPECT_EQ(ReadFileBytes(Folder / "Unit3.dfm"), before);
+    EXPECT_FALSE(fs::exists(Folder / "Unit3.~dfm"));
+}
+
+TEST_F(ProjectFunctions, DesignedFormsAreOpenedOnceAndReadFromTheDesigner)
+{
+    TComponent* root = QzDelphiDesignForm(Folder / "Unit1.dfm");
+    ASSERT_NE(root, nullptr);
+    EXPECT_EQ(root->ClassType(), ClassOf<TDtForm>());
+    EXPECT_NE(root->FindComponent("Button1"), nullptr);
+    EXPECT_EQ(QzDelphiDesignForm(Folder / "unit1.dfm"), root);
+
+    SetStrProp(root, "Caption", "Live");
+    TStringList lines;
+    TStreamOriginalFormat format = sofUnknown;
+    ASSERT_TRUE(ReadForm("Unit1.dfm", lines, format));
+    EXPECT_EQ(format, sofText);
+    EXPECT_NE(lines.Text().find("Caption = 'Live'"), std::string::npos);
+
+    // A binary form in the designer reports its stored format.
+    ASSERT_NE(QzDelphiDesignForm(Folder / "Unit3.dfm"), nullptr);
+    ASSERT_TRUE(ReadForm("Unit3.dfm", lines, format));
+    EXPECT_EQ(format, sofBinary);
+
+    EXPECT_EQ(QzDelphiDesignForm(Folder / "Util.dfm"), nullptr);
+    EXPECT_EQ(QzDelphiDesignForm(Folder / "Gone.dfm"), nullptr);
+
+    // Saving the modified designers writes them in their own formats.
+    Project->HeadlessDesigners().Find(Folder / "UNIT1.DFM")->Modified();
+    EXPECT_EQ(Project->HeadlessDesigners().SaveModified(), 1);
+    EXPECT_NE(ReadFileBytes(Folder / "UNIT1.DFM").find("'Live'"), std::string::npos);
+    EXPECT_EQ(ReadFileBytes(Folder / "UNIT1.~dfm"), Form1Text);
+}
+
+TEST(ProjectServices, EveryFunctionAssertsThatServicesAreInstalled)
+{
+    TProjectServicesScope none(nullptr);
+    TStringList lines;
+    TStreamOriginalFormat format = sofText;
+    const std::vector<std::function<void()>> calls = {
+        [] { QzGetProjectName(); },
+        [] { QzGetModuleCount(); },
+        [] { QzGetFormCount(); },
+        [&] { QzGetFormNames(&lines); },
+        [&] { QzDelphiFormToFormText("a.dfm", &lines, format); },
+        [&] { QzDelphiFormTextToForm(&lines, "a.dfm", format); },
+        [] { QzDelphiDesignForm("a.dfm"); },
+    };
+    for (const auto& call : calls) {
+        try {
+            call();
+            ADD_FAILURE() << "no assertion";
+        } catch (const EAssertionFailed& e) {
+            EXPECT_NE(e.Message().find("QzPortDsgn"), AnsiString::npos) << e.Message();
+        }
+    }
+}
+
+TEST(ProjectServices, AFolderWithoutProjectFileHasItsUnitsAndLooseForms)
+{
+    TTempFolder folder;
+    folder.Write("Main.cpp", "");
+    folder.Write("MAIN.DFM", Form1Text);
+    folder.Write("Loose.dfm", Form2Text);
+    folder.Write("Plain.cpp", "");
+    folder.Write("sub/Page.pas", "");
+    folder.Write("sub/Page.dfm", Form3Text);
+    folder.Write(".git/Hidden.dfm", Form3Text);
+    TFolderProject project(folder.Path());
+    EXPECT_EQ(project.ProjectName(), fs::path(folder.Path()).filename().string());
+    TProjectServicesScope scope(&project);
+    TStringList names;
+    QzGetFormNames(&names);
+    EXPECT_EQ(QzGetModuleCount(), 4);
+    EXPECT_EQ(names.Text(), folder / "Loose.dfm\r\n" + folder / "Main.dfm\r\n" + folder / "sub/Page.dfm\r\n");
+    EXPECT_NE(QzDelphiDesignForm(folder / "Loose.dfm"), nullptr);
+}
+
+TEST(ProjectServices, ProjectFilesOfBothGenerationsListTheirUnits)
+{
+    const auto bpr = ParseProjectFile(ProjectText, "Project1.bpr");
+    ASSERT_EQ(bpr.size(), 7u);
+    EXPECT_EQ(bpr[3].FileName, "Forms/Unit2.cpp");
+    EXPECT_EQ(bpr[3].FormName, "Form2");
+    EXPECT_EQ(bpr[3].UnitName, "Unit2");
+
+    const auto cbproj = ParseProjectFile(R"(<Project xmlns="http://schemas.microsoft.com/developer/msbuild/2003">
+    <ItemGroup>
+        <CppCompile Include="App.cpp"><BuildOrder>0</BuildOrder></CppCompile>
+        <CppCompile Include="..\src\Main.cpp">
+            <Form>MainF</Form>
+            <DependentOn>..\src\Main.h</DependentOn>
+        </CppCompile>
+        <LibFiles Include="z.lib" Condition="'$(Platform)'=='Win32'"/>
+        <FormResources Include="..\src\Main.dfm"/>
+    </ItemGroup>
+</Project>)",
+                                         "App.cbproj");
+    ASSERT_EQ(cbproj.size(), 3u);
+    EXPECT_EQ(cbproj[0].FormName, "");
+    EXPECT_EQ(cbproj[1].FileName, "../src/Main.cpp");
+    EXPECT_EQ(cbproj[1].FormName, "MainF");
+    EXPECT_EQ(cbproj[2].FileName, "z.lib");
+
+    for (const char* bad : {"<PROJECT>\n<FILE FILENAME=\"a.cpp\n", "<PROJECT>\n\n<!-- open", "<A>\n<FILE X=1/>"}) {
+        try {
+            ParseProjectFile(bad, "Bad.bpr");
+            ADD_FAILURE() << bad;
+        } catch (const ETextParseError& e) {
+            EXPECT_EQ(e.Message().rfind("Bad.bpr: line ", 0), 0u) << e.Message();
+            EXPECT_GE(e.Line(), 2) << e.Message();
+        }
+    }
+}
+
+TEST(ProjectServices, RealProjectsFindTheirFormsWhateverTheirCase)
+{
+    const std::string project = CorpusDir() + "/MSK61__connect4/Connect4.bpr";
+    if (!fs::exists(project))
+        GTEST_SKIP() << "corpus not present";
+    RegisterComponentStreamClasses();
+    TFolderProject connect4(project);
+    TProjectServicesScope scope(&connect4);
+    EXPECT_EQ(QzGetProjectName(), "Connect4");
+    EXPECT_EQ(QzGetModuleCount(), 8);
+    EXPECT_EQ(QzGetFormCount(), 3);
+    TStringList names;
+    QzGetFormNames(&names);
+    for (int i = 0; i < names.Count(); ++i) {
+        TStringList lines;
+        TStreamOriginalFormat format = sofUnknown;
+        EXPECT_TRUE(QzDelphiFormToFormText(names[i], &lines, format)) << names[i];
+        EXPECT_EQ(lines[0].rfind("object ", 0), 0u) << names[i];
+    }
+}
+
+}  // namespace
