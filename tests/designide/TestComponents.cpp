@@ -3,6 +3,10 @@
 #include "designide/DesignEditors.h"
 #include "rtl/ComponentStream.h"
 
+#include <filesystem>
+
+#include <unistd.h>
+
 const TTypeInfo* TypeInfo_TDtShape()
 {
     static const TTypeInfo* t = DefineEnumType("TDtShape", {"dsCircle", "dsSquare", "dsTriangle"});
@@ -11,8 +15,7 @@ const TTypeInfo* TypeInfo_TDtShape()
 
 const TTypeInfo* TypeInfo_TDtStyles()
 {
-    static const TTypeInfo* t =
-        DefineSetType("TDtStyles", DefineEnumType("TDtStyle", {"dfBold", "dfItalic", "dfUnderline"}));
+    static const TTypeInfo* t = DefineSetType("TDtStyles", DefineEnumType("TDtStyle", {"dfBold", "dfItalic", "dfUnderline"}));
     return t;
 }
 
@@ -26,36 +29,6 @@ const TTypeInfo* TypeInfo_TDtCursor()
 {
     static const TTypeInfo* t = DefineIntegerType("TDtCursor", INT16_MIN, INT16_MAX, {{"crDefault", 0}, {"crHand", -21}});
     return t;
-}
-
-void TDtFont::Assign(TPersistent* source)
-{
-    if (auto* font = dynamic_cast<TDtFont*>(source)) {
-        FName = font->FName;
-        FSize = font->FSize;
-        FStyle = font->FStyle;
-        return;
-    }
-    TPersistent::Assign(source);
-}
-
-void TDtFont::DeclareProperties(TClassBuilder<TDtFont>& b)
-{
-    b.Property("Name", &TDtFont::FName);
-    b.Property("Size", &TDtFont::FSize).Default(8);
-    b.Set("Style", TypeInfo_TDtStyles(), &TDtFont::FStyle, nullptr, TDtStyles{});
-}
-
-void TDtBigFont::DeclareProperties(TClassBuilder<TDtBigFont>& b)
-{
-    b.Property("Weight", &TDtBigFont::FWeight).Default(400);
-}
-
-void TDtControl::Notification(TComponent* component, TOperation operation)
-{
-    TComponent::Notification(component, operation);
-    if (operation == opRemove && component == FBuddy)
-        FBuddy = nullptr;
 }
 
 void TDtControl::DeclareProperties(TClassBuilder<TDtControl>& b)
@@ -74,26 +47,6 @@ void TDtControl::DeclareProperties(TClassBuilder<TDtControl>& b)
     b.Property("Buddy", &TDtControl::FBuddy);
     b.Event("OnClick", &TDtControl::FOnClick);
     b.Property("Value", &TDtControl::FValue);
-}
-
-void TDtButton::DeclareProperties(TClassBuilder<TDtButton>& b)
-{
-    b.Property("Hint", &TDtButton::FHint);
-}
-
-void TDtLabel::DeclareProperties(TClassBuilder<TDtLabel>& b)
-{
-    b.Property("TitleFont", &TDtLabel::GetTitleFont);
-}
-
-void TDtTimer::DeclareProperties(TClassBuilder<TDtTimer>& b)
-{
-    b.Property("Interval", &TDtTimer::FInterval).Default(1000);
-}
-
-void TDtForm::DeclareProperties(TClassBuilder<TDtForm>& b)
-{
-    b.Property("Caption", &TDtForm::FCaption);
 }
 
 void RegisterDtClasses()
@@ -123,4 +76,24 @@ std::map<AnsiString, std::unique_ptr<TPropertyEditor>> EditorsFor(const TDesigne
         editors[name] = std::move(editor);
     });
     return editors;
+}
+
+TTempFolder::TTempFolder()
+{
+    static int counter = 0;
+    const auto name = "qz_designide_" + std::to_string(::getpid()) + "_" + std::to_string(++counter);
+    FPath = (std::filesystem::temp_directory_path() / name).string();
+    std::filesystem::remove_all(FPath);
+    std::filesystem::create_directories(FPath);
+}
+
+TTempFolder::~TTempFolder()
+{
+    std::filesystem::remove_all(FPath);
+}
+
+void TTempFolder::Write(const std::string& name, const std::string& bytes) const
+{
+    std::filesystem::create_directories(std::filesystem::path(*this / name).parent_path());
+    WriteFileAtomic(*this / name, bytes);
 }

@@ -1,6 +1,7 @@
 #pragma once
 // Small component classes with a published property of every kind, shared
-// by the designide tests (global, so every test file sees one metaclass).
+// by the designide tests (global, so every test file sees one metaclass),
+// and a designer over a form of them.
 
 #include "designide/FormDesigner.h"
 #include "rtl/Component.h"
@@ -25,10 +26,13 @@ public:
     Integer FSize = 8;
     TDtStyles FStyle;
 
-    void Assign(TPersistent* source) override;
-
 private:
-    static void DeclareProperties(TClassBuilder<TDtFont>& b);
+    static void DeclareProperties(TClassBuilder<TDtFont>& b)
+    {
+        b.Property("Name", &TDtFont::FName);
+        b.Property("Size", &TDtFont::FSize).Default(8);
+        b.Set("Style", TypeInfo_TDtStyles(), &TDtFont::FStyle, nullptr, TDtStyles{});
+    }
 };
 
 // A font with one more property, to bind editors to an ancestor type.
@@ -39,7 +43,7 @@ public:
     Integer FWeight = 400;
 
 private:
-    static void DeclareProperties(TClassBuilder<TDtBigFont>& b);
+    static void DeclareProperties(TClassBuilder<TDtBigFont>& b) { b.Property("Weight", &TDtBigFont::FWeight).Default(400); }
 };
 
 class TDtControl : public TComponent {
@@ -64,7 +68,6 @@ public:
     Variant FValue;
 
     TDtFont* GetFont() { return &FFont; }
-    void Notification(TComponent* component, TOperation operation) override;
 
 private:
     static void DeclareProperties(TClassBuilder<TDtControl>& b);
@@ -78,7 +81,7 @@ public:
     AnsiString FHint;
 
 private:
-    static void DeclareProperties(TClassBuilder<TDtButton>& b);
+    static void DeclareProperties(TClassBuilder<TDtButton>& b) { b.Property("Hint", &TDtButton::FHint); }
 };
 
 class TDtLabel : public TDtControl {
@@ -90,7 +93,7 @@ public:
     TDtBigFont* GetTitleFont() { return &FTitleFont; }
 
 private:
-    static void DeclareProperties(TClassBuilder<TDtLabel>& b);
+    static void DeclareProperties(TClassBuilder<TDtLabel>& b) { b.Property("TitleFont", &TDtLabel::GetTitleFont); }
 };
 
 // Shares only Name and Tag with the controls.
@@ -102,7 +105,7 @@ public:
     Integer FInterval = 1000;
 
 private:
-    static void DeclareProperties(TClassBuilder<TDtTimer>& b);
+    static void DeclareProperties(TClassBuilder<TDtTimer>& b) { b.Property("Interval", &TDtTimer::FInterval).Default(1000); }
 };
 
 class TDtForm : public TComponent {
@@ -113,7 +116,7 @@ public:
     AnsiString FCaption;
 
 private:
-    static void DeclareProperties(TClassBuilder<TDtForm>& b);
+    static void DeclareProperties(TClassBuilder<TDtForm>& b) { b.Property("Caption", &TDtForm::FCaption); }
 };
 
 // Registers the classes above with the class library (for reading forms).
@@ -127,3 +130,16 @@ class TPropertyEditor;
 // The editors GetComponentProperties gives for a selection, by name.
 std::map<AnsiString, std::unique_ptr<TPropertyEditor>> EditorsFor(const TDesignerSelections& selection,
                                                                    IDesigner* designer);
+
+// A folder under the system's temporary folder, removed with its contents.
+class TTempFolder {
+public:
+    TTempFolder();
+    ~TTempFolder();
+    const std::string& Path() const { return FPath; }
+    std::string operator/(const std::string& name) const { return FPath + "/" + name; }
+    void Write(const std::string& name, const std::string& bytes) const;
+
+private:
+    std::string FPath;
+};

@@ -24,10 +24,7 @@ struct TChoiceCase {
 
 TPropertyEditorClass Named(const char* name)
 {
-    if (!name)
-        return {};
-    auto editor = EditorClass<TStringProperty>(name);
-    return editor;
+    return name ? EditorClass<TStringProperty>(name) : TPropertyEditorClass{};
 }
 
 class EditorChoice : public ::testing::Test {

@@ -1,36 +1,13 @@
-// The windowless designer: lookups the editors rely on, new components,
-// forms that fail to load, and saving in the form's own format.
+// The windowless designer: new components, forms that fail to load, and
+// saving in the form's own format.
 
 #include "TestComponents.h"
 #include "rtl/Parser.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
-#include <unistd.h>
 
 namespace {
-
-TEST(FormDesigner, FindsTheFormsComponentsByNameAndClass)
-{
-    auto designer = MakeTestDesigner();
-    EXPECT_EQ(designer->GetComponent("form1"), designer->GetRoot());
-    EXPECT_EQ(designer->GetComponent("BUTTON1")->Name(), "Button1");
-    EXPECT_EQ(designer->GetComponent("Nobody"), nullptr);
-    EXPECT_EQ(designer->GetComponent(""), nullptr);
-
-    std::vector<AnsiString> names;
-    designer->GetComponentNames(ClassOf<TDtButton>()->TypeInfo(), [&](const AnsiString& n) { names.push_back(n); });
-    EXPECT_EQ(names, std::vector<AnsiString>{"Button1"});
-    names.clear();
-    designer->GetComponentNames(ClassOf<TComponent>()->TypeInfo(), [&](const AnsiString& n) { names.push_back(n); });
-    EXPECT_EQ(names.size(), 4u);
-
-    auto* button = dynamic_cast<TDtControl*>(designer->GetComponent("Button1"));
-    EXPECT_EQ(designer->GetObjectName(button), "Button1");
-    EXPECT_EQ(designer->GetObjectName(nullptr), "");
-}
 
 TEST(FormDesigner, NewComponentsGetTheFirstFreeNameAndMarkTheFormModified)
 {
@@ -73,8 +50,8 @@ TEST(FormDesigner, SavingKeepsTheFormsFormatAndHandlersAreKnown)
     RegisterDtClasses();
     const std::string text = "object Form1: TDtForm\r\n  object Button1: TDtButton\r\n    OnClick = Button1Click\r\n"
                              "  end\r\nend\r\n";
-    const std::string file =
-        (std::filesystem::temp_directory_path() / ("qz_designer_" + std::to_string(::getpid()) + ".dfm")).string();
+    TTempFolder folder;
+    const std::string file = folder / "Unit1.dfm";
     struct TCase {
         std::string Bytes;
         TFormFormat Format;
@@ -94,8 +71,6 @@ TEST(FormDesigner, SavingKeepsTheFormsFormatAndHandlersAreKnown)
         EXPECT_NE(FormToText(saved).find("Caption = 'Go'"), std::string::npos);
         EXPECT_EQ(ReadFileBytes(FormBackupName(file)), c.Bytes);
     }
-    std::filesystem::remove(file);
-    std::filesystem::remove(FormBackupName(file));
 }
 
 }  // namespace

@@ -13,8 +13,6 @@
 
 #include <filesystem>
 
-#include <unistd.h>
-
 namespace fs = std::filesystem;
 
 namespace {
@@ -27,9 +25,6 @@ const std::string Form3Text = "object Form3: TDtForm\r\n  Caption = 'Three'\r\ne
 const char* const ProjectText = R"(<?xml version='1.0' encoding='utf-8' ?>
 <!-- C++Builder XML Project -->
 <PROJECT>
-  <MACROS>
-    <RESDEPEN value="$(RESFILES) Unit1.dfm"/>
-  </MACROS>
   <FILELIST>
       <FILE FILENAME="Project1.res" FORMNAME="" UNITNAME="Project1" CONTAINERID="ResTool" DESIGNCLASS="" LOCALCOMMAND=""/>
       <FILE FILENAME="Project1.cpp" FORMNAME="" UNITNAME="Project1" CONTAINERID="CCompiler" DESIGNCLASS="" LOCALCOMMAND=""/>
@@ -41,29 +36,6 @@ const char* const ProjectText = R"(<?xml version='1.0' encoding='utf-8' ?>
   </FILELIST>
 </PROJECT>
 )";
-
-class TTempFolder {
-public:
-    TTempFolder()
-    {
-        static int counter = 0;
-        FPath = (fs::temp_directory_path() / ("qz_designide_" + std::to_string(::getpid()) + "_" + std::to_string(++counter)))
-                    .string();
-        fs::remove_all(FPath);
-        fs::create_directories(FPath);
-    }
-    ~TTempFolder() { fs::remove_all(FPath); }
-    const std::string& Path() const { return FPath; }
-    std::string operator/(const std::string& name) const { return FPath + "/" + name; }
-    void Write(const std::string& name, const std::string& bytes) const
-    {
-        fs::create_directories(fs::path(*this / name).parent_path());
-        WriteFileAtomic(*this / name, bytes);
-    }
-
-private:
-    std::string FPath;
-};
 
 // Project1.bpr with a text form in upper case (UNIT1.DFM), a resource form
 // in a subfolder, a bare binary form, a unit without a form and a module
@@ -129,15 +101,10 @@ TEST_F(ProjectFunctions, FormsAreReadAsTextFromEveryFormat)
     TStreamOriginalFormat format = sofUnknown;
     EXPECT_FALSE(ReadForm("Gone.dfm", lines, format));
     EXPECT_FALSE(ReadForm("Nowhere.dfm", lines, format));
-}
 
-TEST_F(ProjectFunctions, TextFormsComeBackAsTheyStand)
-{
     // Line feeds and no final line break stay so through a read and a write.
     const std::string text = "object Form1: TDtForm\n  Caption = 'LF'\nend";
     Folder.Write("UNIT1.DFM", text);
-    TStringList lines;
-    TStreamOriginalFormat format = sofUnknown;
     ASSERT_TRUE(ReadForm("Unit1.dfm", lines, format));
     EXPECT_EQ(lines.Count(), 3);
     QzDelphiFormTextToForm(&lines, Folder / "Unit1.dfm", format);

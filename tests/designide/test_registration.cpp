@@ -27,7 +27,8 @@ TComponentEditorClass NamedComponentEditor(const AnsiString& name)
 
 TEST_F(Registration, EveryCallIsListedInOrderWithItsArguments)
 {
-    TMetaClass* const editors[] = {ClassOf<TDtLabel>(), ClassOf<TDtTimer>()};
+    // Only the classes up to the last index count, as C++Builder passes them.
+    TMetaClass* const editors[] = {ClassOf<TDtLabel>(), ClassOf<TDtTimer>(), ClassOf<TDtForm>()};
     TMetaClass* const streamable[] = {ClassOf<TDtFont>()};
 
     RegisterComponents("Dt Standard", {ClassOf<TDtControl>(), ClassOf<TDtButton>()});
@@ -40,6 +41,7 @@ TEST_F(Registration, EveryCallIsListedInOrderWithItsArguments)
     RegisterClasses(streamable, 0);
     GroupDescendentsWith(ClassOf<TDtTimer>(), ClassOf<TDtControl>());
     RegisterPropertyEditor(TypeInfo_String(), ClassOf<TDtButton>(), "Hint", TPropertyEditorClass{});
+    RegisterComponents("Empty", std::vector<TMetaClass*>{});
 
     const std::vector<AnsiString> expected = {
         "RegisterComponents\tDt Standard\tTDtControl,TDtButton\t1",
@@ -52,22 +54,14 @@ TEST_F(Registration, EveryCallIsListedInOrderWithItsArguments)
         "RegisterClasses\tTDtFont",
         "GroupDescendentsWith\tTDtTimer\tTDtControl",
         "RegisterPropertyEditor\tAnsiString\tTDtButton\tHint\tnil",
+        "RegisterComponents\tEmpty\t\t-1",
     };
     EXPECT_EQ(DesignRegistry().Listing(), expected);
     ASSERT_EQ(DesignRegistry().Records().size(), expected.size());
     EXPECT_EQ(DesignRegistry().Records()[3].Args, (std::vector<AnsiString>{"Integer", "TDtButton", "Width", "TDtWideProperty"}));
-}
-
-TEST_F(Registration, LastIndexIsRecordedAsPassedAndBoundsTheClasses)
-{
-    TMetaClass* const page[] = {ClassOf<TDtControl>(), ClassOf<TDtButton>(), ClassOf<TDtLabel>()};
-    // Only the classes up to the last index count, as C++Builder passes them.
-    RegisterComponents("Dt", page, 1);
-    RegisterComponents("Empty", std::vector<TMetaClass*>{});
-
-    EXPECT_EQ(DesignRegistry().Listing(),
-              (std::vector<AnsiString>{"RegisterComponents\tDt\tTDtControl,TDtButton\t1", "RegisterComponents\tEmpty\t\t-1"}));
-    EXPECT_EQ(DesignRegistry().FindPage("Dt")->Classes.size(), 2u);
+    EXPECT_EQ(DesignRegistry().FindPage("Dt Editors")->Classes.size(), 2u);
+    EXPECT_TRUE(DesignRegistry().IsNoIcon(ClassOf<TDtBigFont>()));
+    EXPECT_FALSE(DesignRegistry().IsNoIcon(ClassOf<TDtControl>()));
 }
 
 TEST_F(Registration, PalettePagesKeepTheirClassesInOrderAndAPageNamedAgainGrows)
@@ -129,14 +123,6 @@ TEST_F(Registration, GroupsReachDescendantsAndTheLatestGroupingHolds)
     EXPECT_EQ(DesignRegistry().GroupOf(ClassOf<TDtLabel>()), ClassOf<TDtForm>());
 }
 
-TEST_F(Registration, NoIconClassesAreKnownAndStreamable)
-{
-    RegisterNoIcon({ClassOf<TDtTimer>()});
-    EXPECT_TRUE(DesignRegistry().IsNoIcon(ClassOf<TDtTimer>()));
-    EXPECT_FALSE(DesignRegistry().IsNoIcon(ClassOf<TDtControl>()));
-    EXPECT_EQ(GetClass("TDtTimer"), ClassOf<TDtTimer>());
-}
-
 TEST_F(Registration, ClearForgetsEverything)
 {
     RegisterComponents("Dt", {ClassOf<TDtControl>()});
@@ -146,13 +132,9 @@ TEST_F(Registration, ClearForgetsEverything)
     GroupDescendentsWith(ClassOf<TDtTimer>(), ClassOf<TDtControl>());
 
     ClearRegistrations();
-    const TDesignRegistry& registry = DesignRegistry();
-    EXPECT_TRUE(registry.Records().empty());
-    EXPECT_TRUE(registry.Pages().empty());
-    EXPECT_TRUE(registry.PropertyEditors().empty());
-    EXPECT_TRUE(registry.ComponentEditors().empty());
-    EXPECT_FALSE(registry.IsNoIcon(ClassOf<TDtTimer>()));
-    EXPECT_EQ(registry.GroupOf(ClassOf<TDtTimer>()), nullptr);
+    const TDesignRegistry& r = DesignRegistry();
+    EXPECT_TRUE(r.Records().empty() && r.Pages().empty() && r.PropertyEditors().empty() && r.ComponentEditors().empty());
+    EXPECT_TRUE(!r.IsNoIcon(ClassOf<TDtTimer>()) && !r.GroupOf(ClassOf<TDtTimer>()));
 }
 
 TEST_F(Registration, NilArgumentsAreRefusedAndRecordNothing)
