@@ -140,7 +140,11 @@ IDesigner* THeadlessDesigners::OpenDesigner(const AnsiString& formFile)
 
 void THeadlessDesigners::FormFileWritten(const AnsiString& formFile)
 {
-    FDesigners.erase(LowerCase(formFile));
+    const auto it = FDesigners.find(LowerCase(formFile));
+    if (it == FDesigners.end())
+        return;
+    FClosed.push_back(std::move(it->second));
+    FDesigners.erase(it);
 }
 
 TFormDesigner* THeadlessDesigners::Find(const AnsiString& formFile) const

@@ -44,7 +44,9 @@ class THeadlessDesigners : public IOpenDesigners {
 public:
     IDesigner* FindDesigner(const AnsiString& formFile) override { return Find(formFile); }
     IDesigner* OpenDesigner(const AnsiString& formFile) override;
-    // A form rewritten on disk is read again when next opened.
+    // A form rewritten on disk is read again when next opened. The designer
+    // that had it stays alive (closed) until CloseAll, so roots handed out
+    // before do not dangle.
     void FormFileWritten(const AnsiString& formFile) override;
 
     TFormDesigner* Find(const AnsiString& formFile) const;
@@ -52,10 +54,15 @@ public:
     // Saves every modified form to its file (in its own format, with a
     // backup); returns how many were saved.
     int SaveModified();
-    void CloseAll() { FDesigners.clear(); }
+    void CloseAll()
+    {
+        FDesigners.clear();
+        FClosed.clear();
+    }
 
 private:
     std::map<AnsiString, std::unique_ptr<TFormDesigner>> FDesigners;   // by lower-case file name
+    std::vector<std::unique_ptr<TFormDesigner>> FClosed;
 };
 
 class TProjectServices {

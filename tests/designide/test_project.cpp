@@ -170,6 +170,15 @@ TEST_F(ProjectFunctions, DesignedFormsAreOpenedOnceAndReadFromTheDesigner)
     ASSERT_TRUE(ReadForm("Unit3.dfm", lines, format));
     EXPECT_EQ(format, sofBinary);
 
+    // Writing the text of an open form: reads and designs come from the
+    // new file, and the root handed out before is still there.
+    ASSERT_TRUE(ReadForm("Unit3.dfm", lines, format));
+    TComponent* before = QzDelphiDesignForm(Folder / "Unit3.dfm");
+    lines.Put(1, "  Caption = 'Rewritten'");
+    QzDelphiFormTextToForm(&lines, Folder / "Unit3.dfm", format);
+    EXPECT_EQ(GetStrProp(before, "Caption"), "Three");
+    EXPECT_EQ(GetStrProp(QzDelphiDesignForm(Folder / "Unit3.dfm"), "Caption"), "Rewritten");
+
     EXPECT_EQ(QzDelphiDesignForm(Folder / "Util.dfm"), nullptr);
     EXPECT_EQ(QzDelphiDesignForm(Folder / "Gone.dfm"), nullptr);
 
