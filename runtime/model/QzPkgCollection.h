@@ -65,6 +65,10 @@ public:
     TPersistent* GetOwner() override;
     // Raises EQzPkgError when the package may not change now.
     void CheckChange() const;
+    // Frees this collection's items and moves source's items (of the same
+    // class) here, without checks: for contents that were read whole into a
+    // free-standing list. Tells nobody; the package reports the change.
+    void TakeItems(TQzPkgCollection& source);
 
 protected:
     // Hooks for derived lists that index their items.
@@ -73,9 +77,6 @@ protected:
     virtual void ItemsCleared() {}
     // Marks the package changed, or remembers to at the end of the update.
     void Changed();
-    // Frees this collection's items and moves source's items here, without
-    // checks: for contents that were read whole into a free-standing list.
-    void TakeItems(TQzPkgCollection& source);
 
 private:
     friend class TQzPkgItem;

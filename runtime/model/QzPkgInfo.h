@@ -160,17 +160,8 @@ public:
     void DefineProperties(TFiler& filer) override;
     void Loaded() override;
 
-protected:
-    // A named kind joins its registry from its constructor and leaves it
-    // from its destructor, so the registry never holds a half-made package.
-    void JoinRegistry(TQzPkgKind kind);
-    void LeaveRegistry();
-    // The first thing each kind's block holds, and the check of it.
-    static void WriteContentHeader(TWriter& writer, Integer version, const TQzWindowPlacement& placement);
-    static TQzWindowPlacement ReadContentHeader(TReader& reader, Integer maxVersion, Integer& version);
-
     // While one exists the "System" package accepts changes from the model
-    // itself (refreshing it from the built-in data).
+    // itself (refreshing it from the built-in data or a language file).
     class TSystemUpdate {
     public:
         explicit TSystemUpdate(const TQzPkgInfo& pkg) : FPkg(pkg) { ++FPkg.FSystemUpdate; }
@@ -181,8 +172,15 @@ protected:
     private:
         const TQzPkgInfo& FPkg;
     };
-    friend class TSystemUpdate;
-    friend class TQzCApplication;
+
+protected:
+    // A named kind joins its registry from its constructor and leaves it
+    // from its destructor, so the registry never holds a half-made package.
+    void JoinRegistry(TQzPkgKind kind);
+    void LeaveRegistry();
+    // The first thing each kind's block holds, and the check of it.
+    static void WriteContentHeader(TWriter& writer, Integer version, const TQzWindowPlacement& placement);
+    static TQzWindowPlacement ReadContentHeader(TReader& reader, Integer maxVersion, Integer& version);
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgInfo>& b);

@@ -114,6 +114,9 @@ public:
     bool IsEmpty() const override;
     // Tells the links to read everything again (after a bulk change).
     void NotifyInit(TObject* sender) { NotifyEvt(peInit, sender); }
+    // Moves source's contents and placement here (source ends empty),
+    // without checks: for contents read whole into a detached package.
+    void TakeContents(TQzPkgStrings& source);
 
     AnsiString DefaultExt() const override { return "pst"; }
     AnsiString KindName() const override { return "PkgStrings"; }

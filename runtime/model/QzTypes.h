@@ -80,3 +80,25 @@ struct TQzWindowPlacement {
 inline constexpr const char* QzSystemPkgName = "System";
 inline constexpr const char* QzUserPkgName = "User";
 bool QzIsSystemPkgName(const AnsiString& name);
+
+// The values of a background set: how a control's surface is painted.
+struct TQzBackGroundValues {
+    TQzBackGroundStyle Style = bgSolid;
+    TColor SolidColor = -16777211;      // the system window colour
+    TColor StartGraColor = 0x00FFFFFF;
+    TColor EndGraColor = 0x00C0C0C0;
+    bool Transparent = false;
+    bool operator==(const TQzBackGroundValues&) const = default;
+};
+
+// The values of a font set.
+struct TQzFontValues {
+    AnsiString Name = "Tahoma";
+    Integer Size = 8;
+    TColor Color = -16777208;           // the system window text colour
+    bool Bold = false;
+    bool Italic = false;
+    bool Underline = false;
+    bool StrikeOut = false;
+    bool operator==(const TQzFontValues&) const = default;
+};

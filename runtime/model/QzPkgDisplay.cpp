@@ -1,0 +1,561 @@
+#include "runtime/model/QzPkgDisplay.h"
+
+#include "runtime/model/QzPkgStream.h"
+#include "runtime/model/QzRegistry.h"
+
+using namespace QzPkgStream;
+
+// ---------------------------------------------------------------------------
+// Sets
+
+void TQzPkgDisplaySet::DeclareProperties(TClassBuilder<TQzPkgDisplaySet>& b)
+{
+    b.Property("Name", &TQzPkgDisplaySet::Name, &TQzPkgDisplaySet::SetName);
+    b.Property("Description", &TQzPkgDisplaySet::Description, &TQzPkgDisplaySet::SetDescription);
+    b.Property("DescriptionId", [](TQzPkgDisplaySet& s) { return s.DescriptionId(); });
+}
+
+TQzPkgDisplaySet::TQzPkgDisplaySet(TQzPkgDisplaySets* sets, const AnsiString& name)
+    : TQzPkgItem(sets), FName(name)
+{
+    FDescriptionId.SetOwner(this);
+    FDescriptionId.OnChange = [this] { Changed(); };
+}
+
+void TQzPkgDisplaySet::SetName(const AnsiString& value)
+{
+    if (value == FName)
+        return;
+    CheckChange();
+    if (auto* sets = dynamic_cast<TQzPkgDisplaySets*>(Collection()))
+        sets->CheckName(value, this);
+    else if (Trim(value).empty())
+        throw EQzPkgError("A display set needs a name");
+    FName = value;
+    Changed();
+}
+
+void TQzPkgDisplaySet::SetDescription(const AnsiString& value)
+{
+    if (value == FDescription)
+        return;
+    CheckChange();
+    FDescription = value;
+    Changed();
+}
+
+void TQzPkgDisplaySet::SetDescriptionId(TQzMemoryLabel* value)
+{
+    if (value)
+        FDescriptionId.Assign(value);
+}
+
+void TQzPkgDisplaySet::AssignCommon(const TQzPkgDisplaySet& source)
+{
+    SetDescription(source.FDescription);
+    FDescriptionId.Assign(const_cast<TQzMemoryLabel*>(&source.FDescriptionId));
+}
+
+void TQzPkgDisplaySetBackGround::DeclareProperties(TClassBuilder<TQzPkgDisplaySetBackGround>& b)
+{
+    b.Enum("Style", TypeInfo_TQzBackGroundStyle(), &TQzPkgDisplaySetBackGround::Style,
+           &TQzPkgDisplaySetBackGround::SetStyle, bgSolid);
+    b.Property("SolidColor", TypeInfo_TColor(), &TQzPkgDisplaySetBackGround::SolidColor,
+               &TQzPkgDisplaySetBackGround::SetSolidColor);
+    b.Property("StartGraColor", TypeInfo_TColor(), &TQzPkgDisplaySetBackGround::StartGraColor,
+               &TQzPkgDisplaySetBackGround::SetStartGraColor);
+    b.Property("EndGraColor", TypeInfo_TColor(), &TQzPkgDisplaySetBackGround::EndGraColor,
+               &TQzPkgDisplaySetBackGround::SetEndGraColor);
+    b.Property("Transparent", &TQzPkgDisplaySetBackGround::Transparent, &TQzPkgDisplaySetBackGround::SetTransparent)
+        .Default(false);
+    b.Property("Image", [](TQzPkgDisplaySetBackGround& s) { return s.Image(); });
+}
+
+template <class V>
+void TQzPkgDisplaySetBackGround::Set(V& field, const V& value)
+{
+    if (field == value)
+        return;
+    CheckChange();
+    field = value;
+    Changed();
+}
+
+void TQzPkgDisplaySetBackGround::SetStyle(TQzBackGroundStyle value)
+{
+    if (value < bgSolid || value > bgImageTile)
+        throw EQzPkgError("Invalid background style " + IntToStr(value));
+    Set(FValues.Style, value);
+}
+
+void TQzPkgDisplaySetBackGround::SetSolidColor(TColor value)
+{
+    Set(FValues.SolidColor, value);
+}
+
+void TQzPkgDisplaySetBackGround::SetStartGraColor(TColor value)
+{
+    Set(FValues.StartGraColor, value);
+}
+
+void TQzPkgDisplaySetBackGround::SetEndGraColor(TColor value)
+{
+    Set(FValues.EndGraColor, value);
+}
+
+void TQzPkgDisplaySetBackGround::SetTransparent(bool value)
+{
+    Set(FValues.Transparent, value);
+}
+
+void TQzPkgDisplaySetBackGround::Assign(TPersistent* source)
+{
+    auto* other = dynamic_cast<TQzPkgDisplaySetBackGround*>(source);
+    if (!other) {
+        TQzPkgDisplaySet::Assign(source);
+        return;
+    }
+    AssignCommon(*other);
+    Set(FValues, other->FValues);
+    FImage.Assign(&other->FImage);
+}
+
+void TQzPkgDisplaySetColor::DeclareProperties(TClassBuilder<TQzPkgDisplaySetColor>& b)
+{
+    b.Property("Color", TypeInfo_TColor(), &TQzPkgDisplaySetColor::Color, &TQzPkgDisplaySetColor::SetColor);
+}
+
+void TQzPkgDisplaySetColor::SetColor(TColor value)
+{
+    if (value == FColor)
+        return;
+    CheckChange();
+    FColor = value;
+    Changed();
+}
+
+void TQzPkgDisplaySetColor::Assign(TPersistent* source)
+{
+    auto* other = dynamic_cast<TQzPkgDisplaySetColor*>(source);
+    if (!other) {
+        TQzPkgDisplaySet::Assign(source);
+        return;
+    }
+    AssignCommon(*other);
+    SetColor(other->FColor);
+}
+
+void TQzPkgDisplaySetFont::DeclareProperties(TClassBuilder<TQzPkgDisplaySetFont>& b)
+{
+    b.Property("FontName", [](TQzPkgDisplaySetFont& s) { return s.FValues.Name; }, &TQzPkgDisplaySetFont::SetFontName);
+    b.Property("Size", [](TQzPkgDisplaySetFont& s) { return s.FValues.Size; }, &TQzPkgDisplaySetFont::SetSize);
+    b.Property("Color", TypeInfo_TColor(), [](TQzPkgDisplaySetFont& s) { return s.FValues.Color; },
+               &TQzPkgDisplaySetFont::SetColor);
+    b.Property("Bold", [](TQzPkgDisplaySetFont& s) { return s.FValues.Bold; }, &TQzPkgDisplaySetFont::SetBold);
+    b.Property("Italic", [](TQzPkgDisplaySetFont& s) { return s.FValues.Italic; }, &TQzPkgDisplaySetFont::SetItalic);
+    b.Property("Underline", [](TQzPkgDisplaySetFont& s) { return s.FValues.Underline; },
+               &TQzPkgDisplaySetFont::SetUnderline);
+    b.Property("StrikeOut", [](TQzPkgDisplaySetFont& s) { return s.FValues.StrikeOut; },
+               &TQzPkgDisplaySetFont::SetStrikeOut);
+}
+
+void TQzPkgDisplaySetFont::SetValues(const TQzFontValues& value)
+{
+    if (value == FValues)
+        return;
+    if (value.Size <= 0)
+        throw EQzPkgError("Invalid font size " + IntToStr(value.Size));
+    CheckChange();
+    FValues = value;
+    Changed();
+}
+
+void TQzPkgDisplaySetFont::SetFontName(const AnsiString& value)
+{
+    TQzFontValues v = FValues;
+    v.Name = value;
+    SetValues(v);
+}
+
+void TQzPkgDisplaySetFont::SetSize(Integer value)
+{
+    TQzFontValues v = FValues;
+    v.Size = value;
+    SetValues(v);
+}
+
+void TQzPkgDisplaySetFont::SetColor(TColor value)
+{
+    TQzFontValues v = FValues;
+    v.Color = value;
+    SetValues(v);
+}
+
+void TQzPkgDisplaySetFont::SetBold(bool value)
+{
+    TQzFontValues v = FValues;
+    v.Bold = value;
+    SetValues(v);
+}
+
+void TQzPkgDisplaySetFont::SetItalic(bool value)
+{
+    TQzFontValues v = FValues;
+    v.Italic = value;
+    SetValues(v);
+}
+
+void TQzPkgDisplaySetFont::SetUnderline(bool value)
+{
+    TQzFontValues v = FValues;
+    v.Underline = value;
+    SetValues(v);
+}
+
+void TQzPkgDisplaySetFont::SetStrikeOut(bool value)
+{
+    TQzFontValues v = FValues;
+    v.StrikeOut = value;
+    SetValues(v);
+}
+
+void TQzPkgDisplaySetFont::Assign(TPersistent* source)
+{
+    auto* other = dynamic_cast<TQzPkgDisplaySetFont*>(source);
+    if (!other) {
+        TQzPkgDisplaySet::Assign(source);
+        return;
+    }
+    AssignCommon(*other);
+    SetValues(other->FValues);
+}
+
+// ---------------------------------------------------------------------------
+// Lists of sets
+
+TQzPkgDisplaySet* TQzPkgDisplaySets::FindSet(const AnsiString& name) const
+{
+    for (int i = 0; i < Count(); ++i) {
+        auto* set = static_cast<TQzPkgDisplaySet*>(Item(i));
+        if (SameText(set->Name(), name))
+            return set;
+    }
+    return nullptr;
+}
+
+void TQzPkgDisplaySets::CheckName(const AnsiString& name, const TQzPkgDisplaySet* except) const
+{
+    if (Trim(name).empty())
+        throw EQzPkgError("A display set needs a name");
+    const TQzPkgDisplaySet* other = FindSet(name);
+    if (other && other != except)
+        throw EQzPkgError("Duplicate display set name \"" + name + "\"");
+}
+
+TQzPkgDisplaySetBackGround* TQzPkgDisplaySetsBackGround::Add(const AnsiString& name)
+{
+    CheckChange();
+    CheckName(name, nullptr);
+    return new TQzPkgDisplaySetBackGround(this, name);
+}
+
+TQzPkgDisplaySetColor* TQzPkgDisplaySetsColor::Add(const AnsiString& name)
+{
+    CheckChange();
+    CheckName(name, nullptr);
+    return new TQzPkgDisplaySetColor(this, name);
+}
+
+TQzPkgDisplaySetFont* TQzPkgDisplaySetsFont::Add(const AnsiString& name)
+{
+    CheckChange();
+    CheckName(name, nullptr);
+    return new TQzPkgDisplaySetFont(this, name);
+}
+
+// ---------------------------------------------------------------------------
+// The package
+
+namespace {
+
+TQzPkgImages* NewImages(TComponent* owner, const char* name)
+{
+    auto* pkg = new TQzPkgImages(owner);
+    pkg->SetName(AnsiString("PkgImages") + name);
+    pkg->SetPkgName(name);
+    pkg->SetModified(false);
+    return pkg;
+}
+
+void WriteLabelRef(TWriter& w, const TQzMemoryRef& ref)
+{
+    WriteText(w, ref.PkgName());
+    w.WriteInteger(ref.Id());
+}
+
+void ReadLabelRef(TReader& r, TQzMemoryRef& ref)
+{
+    AnsiString pkg = ReadText(r);
+    ref.PkgId(pkg, r.ReadInteger());
+}
+
+}  // namespace
+
+TQzPkgDisplay::TQzPkgDisplay(TComponent* owner)
+    : TQzPkgInfo(owner), FPkgSystem(NewImages(this, QzSystemPkgName)), FPkgUser(NewImages(this, QzUserPkgName))
+{
+}
+
+// The images packages go before the lists that may name them.
+TQzPkgDisplay::~TQzPkgDisplay()
+{
+    DestroyComponents();
+}
+
+void TQzPkgDisplay::SetGeometry(Integer TQzDisplayGeometry::*field, Integer value)
+{
+    if (value < 0)
+        throw EQzPkgError("Invalid display measure " + IntToStr(value) + ": measures are 0 or more");
+    if (FGeometry.*field == value)
+        return;
+    FGeometry.*field = value;
+    Change();
+}
+
+void TQzPkgDisplay::SetCWButtonsHeight(Integer value) { SetGeometry(&TQzDisplayGeometry::CWButtonsHeight, value); }
+void TQzPkgDisplay::SetCWButtonsMargin(Integer value) { SetGeometry(&TQzDisplayGeometry::CWButtonsMargin, value); }
+void TQzPkgDisplay::SetCWButtonsSpacing(Integer value) { SetGeometry(&TQzDisplayGeometry::CWButtonsSpacing, value); }
+void TQzPkgDisplay::SetCWButtonsWidth(Integer value) { SetGeometry(&TQzDisplayGeometry::CWButtonsWidth, value); }
+void TQzPkgDisplay::SetCWMarginAfterTitle(Integer value) { SetGeometry(&TQzDisplayGeometry::CWMarginAfterTitle, value); }
+void TQzPkgDisplay::SetCWMarginBottom(Integer value) { SetGeometry(&TQzDisplayGeometry::CWMarginBottom, value); }
+void TQzPkgDisplay::SetCWMarginLeft(Integer value) { SetGeometry(&TQzDisplayGeometry::CWMarginLeft, value); }
+void TQzPkgDisplay::SetCWMarginRight(Integer value) { SetGeometry(&TQzDisplayGeometry::CWMarginRight, value); }
+void TQzPkgDisplay::SetCWMarginTop(Integer value) { SetGeometry(&TQzDisplayGeometry::CWMarginTop, value); }
+void TQzPkgDisplay::SetCWTitleHeight(Integer value) { SetGeometry(&TQzDisplayGeometry::CWTitleHeight, value); }
+void TQzPkgDisplay::SetHiMarginBottom(Integer value) { SetGeometry(&TQzDisplayGeometry::HiMarginBottom, value); }
+void TQzPkgDisplay::SetHiMarginLeft(Integer value) { SetGeometry(&TQzDisplayGeometry::HiMarginLeft, value); }
+void TQzPkgDisplay::SetHiMarginRight(Integer value) { SetGeometry(&TQzDisplayGeometry::HiMarginRight, value); }
+void TQzPkgDisplay::SetHiMarginTop(Integer value) { SetGeometry(&TQzDisplayGeometry::HiMarginTop, value); }
+
+void TQzPkgDisplay::SetCWWinRgn(bool value)
+{
+    if (value == FGeometry.CWWinRgn)
+        return;
+    FGeometry.CWWinRgn = value;
+    Change();
+}
+
+void TQzPkgDisplay::SetHiWinRgn(bool value)
+{
+    if (value == FGeometry.HiWinRgn)
+        return;
+    FGeometry.HiWinRgn = value;
+    Change();
+}
+
+void TQzPkgDisplay::SetUserColors(TStrings* value)
+{
+    TStringList colors;
+    if (value)
+        colors.Assign(*value);
+    if (colors.Equals(FUserColors))
+        return;
+    FUserColors.Assign(colors);
+    Change();
+}
+
+void TQzPkgDisplay::SetLastUpdateFile(const AnsiString& value)
+{
+    if (value == FLastUpdateFile)
+        return;
+    FLastUpdateFile = value;
+    Change();
+}
+
+void TQzPkgDisplay::SetUpdateDateTime(TDateTime value)
+{
+    if (value == FUpdateDateTime)
+        return;
+    FUpdateDateTime = value;
+    Change();
+}
+
+// The "System" images are the suite's: clearing the package leaves them.
+void TQzPkgDisplay::Clear()
+{
+    FSetsBackGround.Clear();
+    FSetsColor.Clear();
+    FSetsFont.Clear();
+    FPkgUser->Clear();
+    FUserColors.Clear();
+    FGeometry = {};
+    Change();
+}
+
+bool TQzPkgDisplay::IsEmpty() const
+{
+    return FSetsBackGround.Count() == 0 && FSetsColor.Count() == 0 && FSetsFont.Count() == 0 &&
+           FGeometry == TQzDisplayGeometry{} && FUserColors.Count() == 0 && FLastUpdateFile.empty() &&
+           FUpdateDateTime == 0 && FPkgSystem->IsEmpty() && FPkgUser->IsEmpty();
+}
+
+// Layout (version 1), after the common header:
+//   ( 14 measures, CWWinRgn, HiWinRgn )
+//   ( UserColors line* )  LastUpdateFile UpdateDateTime
+//   ( Name Description LabelPkg LabelId Style Solid Start End Transparent ImagePkg ImageId )*
+//   ( Name Description LabelPkg LabelId Color )*
+//   ( Name Description LabelPkg LabelId FontName Size Color Bold Italic Underline StrikeOut )*
+//   the "System" images block, the "User" images block
+void TQzPkgDisplay::xSaveToStream(TWriter* writer)
+{
+    TWriter& w = *writer;
+    WriteContentHeader(w, DataVersion, Placement());
+    const TQzDisplayGeometry& g = FGeometry;
+    w.WriteListBegin();
+    for (Integer v : {g.CWButtonsHeight, g.CWButtonsMargin, g.CWButtonsSpacing, g.CWButtonsWidth, g.CWMarginAfterTitle,
+                      g.CWMarginBottom, g.CWMarginLeft, g.CWMarginRight, g.CWMarginTop, g.CWTitleHeight,
+                      g.HiMarginBottom, g.HiMarginLeft, g.HiMarginRight, g.HiMarginTop})
+        w.WriteInteger(v);
+    w.WriteBoolean(g.CWWinRgn);
+    w.WriteBoolean(g.HiWinRgn);
+    w.WriteListEnd();
+    w.WriteListBegin();
+    for (int i = 0; i < FUserColors.Count(); ++i)
+        WriteText(w, FUserColors[i]);
+    w.WriteListEnd();
+    WriteText(w, FLastUpdateFile);
+    w.WriteDouble(FUpdateDateTime);
+
+    w.WriteListBegin();
+    for (int i = 0; i < FSetsBackGround.Count(); ++i) {
+        const TQzPkgDisplaySetBackGround* s = FSetsBackGround.GetSetBackGround(i);
+        WriteText(w, s->Name());
+        WriteText(w, s->Description());
+        WriteLabelRef(w, *s->DescriptionId());
+        w.WriteInteger(s->Style());
+        w.WriteInteger(s->SolidColor());
+        w.WriteInteger(s->StartGraColor());
+        w.WriteInteger(s->EndGraColor());
+        w.WriteBoolean(s->Transparent());
+        WriteLabelRef(w, *s->Image());
+    }
+    w.WriteListEnd();
+    w.WriteListBegin();
+    for (int i = 0; i < FSetsColor.Count(); ++i) {
+        const TQzPkgDisplaySetColor* s = FSetsColor.GetSetColor(i);
+        WriteText(w, s->Name());
+        WriteText(w, s->Description());
+        WriteLabelRef(w, *s->DescriptionId());
+        w.WriteInteger(s->Color());
+    }
+    w.WriteListEnd();
+    w.WriteListBegin();
+    for (int i = 0; i < FSetsFont.Count(); ++i) {
+        const TQzPkgDisplaySetFont* s = FSetsFont.GetSetFont(i);
+        const TQzFontValues& f = s->Values();
+        WriteText(w, s->Name());
+        WriteText(w, s->Description());
+        WriteLabelRef(w, *s->DescriptionId());
+        WriteText(w, f.Name);
+        w.WriteInteger(f.Size);
+        w.WriteInteger(f.Color);
+        w.WriteBoolean(f.Bold);
+        w.WriteBoolean(f.Italic);
+        w.WriteBoolean(f.Underline);
+        w.WriteBoolean(f.StrikeOut);
+    }
+    w.WriteListEnd();
+    FPkgSystem->xSaveToStream(&w);
+    FPkgUser->xSaveToStream(&w);
+}
+
+void TQzPkgDisplay::xLoadFromStream(TReader* reader)
+{
+    TReader& r = *reader;
+    Integer version = 0;
+    const TQzWindowPlacement placement = ReadContentHeader(r, DataVersion, version);
+    TQzDisplayGeometry g;
+    r.ReadListBegin();
+    for (Integer* v : {&g.CWButtonsHeight, &g.CWButtonsMargin, &g.CWButtonsSpacing, &g.CWButtonsWidth,
+                       &g.CWMarginAfterTitle, &g.CWMarginBottom, &g.CWMarginLeft, &g.CWMarginRight, &g.CWMarginTop,
+                       &g.CWTitleHeight, &g.HiMarginBottom, &g.HiMarginLeft, &g.HiMarginRight, &g.HiMarginTop}) {
+        const size_t at = r.Position();
+        *v = r.ReadInteger();
+        if (*v < 0)
+            r.Error("Invalid display measure " + IntToStr(*v), at);
+    }
+    g.CWWinRgn = r.ReadBoolean();
+    g.HiWinRgn = r.ReadBoolean();
+    r.ReadListEnd();
+    TStringList colors;
+    r.ReadListBegin();
+    while (!r.EndOfList())
+        colors.Add(ReadText(r));
+    r.ReadListEnd();
+    AnsiString lastUpdateFile = ReadText(r);
+    const TDateTime updateDateTime = r.ReadDouble();
+
+    TQzPkgDisplaySetsBackGround backGrounds(nullptr);
+    TQzPkgDisplaySetsColor colorSets(nullptr);
+    TQzPkgDisplaySetsFont fonts(nullptr);
+    r.ReadListBegin();
+    while (!r.EndOfList()) {
+        Checked(r, [&] {
+            TQzPkgDisplaySetBackGround* s = backGrounds.Add(ReadText(r));
+            s->SetDescription(ReadText(r));
+            ReadLabelRef(r, *s->DescriptionId());
+            s->SetStyle(ReadEnum(r, bgImageTile));
+            s->SetSolidColor(r.ReadInteger());
+            s->SetStartGraColor(r.ReadInteger());
+            s->SetEndGraColor(r.ReadInteger());
+            s->SetTransparent(r.ReadBoolean());
+            ReadLabelRef(r, *s->Image());
+        });
+    }
+    r.ReadListEnd();
+    r.ReadListBegin();
+    while (!r.EndOfList()) {
+        Checked(r, [&] {
+            TQzPkgDisplaySetColor* s = colorSets.Add(ReadText(r));
+            s->SetDescription(ReadText(r));
+            ReadLabelRef(r, *s->DescriptionId());
+            s->SetColor(r.ReadInteger());
+        });
+    }
+    r.ReadListEnd();
+    r.ReadListBegin();
+    while (!r.EndOfList()) {
+        Checked(r, [&] {
+            TQzPkgDisplaySetFont* s = fonts.Add(ReadText(r));
+            s->SetDescription(ReadText(r));
+            ReadLabelRef(r, *s->DescriptionId());
+            TQzFontValues f;
+            f.Name = ReadText(r);
+            f.Size = r.ReadInteger();
+            f.Color = r.ReadInteger();
+            f.Bold = r.ReadBoolean();
+            f.Italic = r.ReadBoolean();
+            f.Underline = r.ReadBoolean();
+            f.StrikeOut = r.ReadBoolean();
+            s->SetValues(f);
+        });
+    }
+    r.ReadListEnd();
+    TQzDetachedPkgs detached;
+    TQzPkgImages systemImages(nullptr);
+    TQzPkgImages userImages(nullptr);
+    systemImages.xLoadFromStream(&r);
+    userImages.xLoadFromStream(&r);
+
+    FGeometry = g;
+    FUserColors.Assign(colors);
+    FLastUpdateFile = lastUpdateFile;
+    FUpdateDateTime = updateDateTime;
+    FSetsBackGround.TakeItems(backGrounds);
+    FSetsColor.TakeItems(colorSets);
+    FSetsFont.TakeItems(fonts);
+    FPkgSystem->TakeContents(systemImages);
+    FPkgUser->TakeContents(userImages);
+    SetPlacement(placement);
+    Change();
+}
