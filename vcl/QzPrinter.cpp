@@ -1,5 +1,7 @@
 #include "vcl/QzPrinter.h"
 
+#include <QMarginsF>
+#include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
 #include <QPrinter>
@@ -12,6 +14,8 @@ std::unique_ptr<QPrinter> QzCreatePdfPrinter(const QString& fileName)
     // printer, and a printer meant for a file must never reach paper.
     printer->setOutputFormat(QPrinter::PdfFormat);
     printer->setPageSize(QPageSize(QPageSize::A4));
+    // PDF pages have no unprintable border: give them a printer's margins.
+    printer->setPageMargins(QMarginsF(15, 15, 15, 15), QPageLayout::Millimeter);
     return printer;
 }
 
