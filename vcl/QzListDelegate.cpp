@@ -18,6 +18,15 @@ TQzColumnKind KindOf(const QModelIndex& index)
     return TQzColumnKind::Text;
 }
 
+QString SingleLine(QString text)
+{
+    // Multi-line texts show on one row, as a list box draws them.
+    for (QChar& c : text)
+        if (c == '\n' || c == '\r' || c == '\t')
+            c = ' ';
+    return text;
+}
+
 const QAbstractItemView* ViewOf(const QStyleOptionViewItem& option)
 {
     return qobject_cast<const QAbstractItemView*>(option.widget);
@@ -89,7 +98,8 @@ void TQzListDelegate::PaintText(QPainter* painter, const QStyleOptionViewItem& o
                       Qt::TextSingleLine;
     painter->setFont(option.font);
     painter->setPen(option.palette.color(QPalette::Text));
-    painter->drawText(option.rect.adjusted(TextMargin, 0, -TextMargin, 0), flags, index.data(Qt::DisplayRole).toString());
+    painter->drawText(option.rect.adjusted(TextMargin, 0, -TextMargin, 0), flags,
+                      SingleLine(index.data(Qt::DisplayRole).toString()));
 }
 
 void TQzListDelegate::PaintCheck(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const

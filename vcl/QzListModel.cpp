@@ -5,15 +5,6 @@
 
 namespace {
 
-QString SingleLine(QString text)
-{
-    // Multi-line texts show on one row, as a list box draws them.
-    for (QChar& c : text)
-        if (c == '\n' || c == '\r' || c == '\t')
-            c = ' ';
-    return text;
-}
-
 template <typename Less>
 std::vector<int> StableOrder(int count, Qt::SortOrder order, Less less)
 {
@@ -117,7 +108,7 @@ QVariant TQzListModel::data(const QModelIndex& index, int role) const
     const TQzListColumn& info = FColumns[column];
     switch (role) {
     case Qt::DisplayRole:
-        return SingleLine(CellText(source, column));
+        return CellText(source, column);
     case Qt::ToolTipRole:
         return info.Kind == TQzColumnKind::Text ? CellText(source, column) : QVariant();
     case Qt::CheckStateRole:
@@ -125,7 +116,7 @@ QVariant TQzListModel::data(const QModelIndex& index, int role) const
             return IsCheckedCell(source, column) ? Qt::Checked : Qt::Unchecked;
         return {};
     case Qt::DecorationRole:
-        if (info.Kind == TQzColumnKind::Image && FProvider.Image)
+        if ((info.Kind == TQzColumnKind::Image || info.Kind == TQzColumnKind::Custom) && FProvider.Image)
             return FProvider.Image(source, column);
         return {};
     case Qt::ForegroundRole:

@@ -17,7 +17,8 @@ enum class TQzColumnKind {
     Text,    // the provider's text, clipped to the column
     Check,   // a check mark from Checked (check boxes in a check list)
     Image,   // a thumbnail from Image
-    Custom,  // painted by the delegate's painter for the column
+    Custom,  // painted by the delegate's painter for the column, from the
+             // cell's text and image
 };
 
 struct TQzListColumn {
