@@ -29,7 +29,11 @@ TQzListView::TQzListView(QWidget* parent) : QTableView(parent), FDelegate(new TQ
 void TQzListView::SetListModel(TQzListModel* model)
 {
     FModel = model;
+    // setModel makes a new selection model and leaves the old one to us.
+    QItemSelectionModel* previous = selectionModel();
     setModel(model);
+    if (previous != nullptr && previous != selectionModel())
+        previous->deleteLater();
     if (model == nullptr)
         return;
     if (FSearchColumn < 0 || FSearchColumn >= model->columnCount()) {
