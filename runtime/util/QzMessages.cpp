@@ -102,7 +102,7 @@ TQzButtonKind Show(TQzMessageType type, const AnsiString& text, const TQzButtonK
     request.Type = type;
     request.Buttons = {};
     for (int i = 0; buttons != nullptr && i <= lastButton; ++i) {
-        TMsgDlgBtn button;
+        TMsgDlgBtn button = mbOK;
         if (ButtonOf(buttons[i], button)) {
             kinds.push_back(buttons[i]);
             request.Buttons << button;
@@ -112,7 +112,7 @@ TQzButtonKind Show(TQzMessageType type, const AnsiString& text, const TQzButtonK
         kinds.push_back(bkOK);
         request.Buttons << mbOK;
     }
-    TMsgDlgBtn defaultBtn;
+    TMsgDlgBtn defaultBtn = mbOK;
     if (!Offered(kinds, defaultButton) || !ButtonOf(defaultButton, defaultBtn))
         ButtonOf(kinds.front(), defaultBtn);
     request.DefaultButton = defaultBtn;
