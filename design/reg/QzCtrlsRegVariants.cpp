@@ -1,6 +1,7 @@
 #include "design/reg/QzCtrlsRegVariants.h"
 
 #include "runtime/model/QzMask.h"
+#include "runtime/model/QzMemory.h"
 #include "runtime/util/QzNumeric.h"
 
 #include <cmath>
@@ -21,6 +22,19 @@ AnsiString BeforeDescription(const AnsiString& text)
         return text.substr(0, separator);
     const auto dash = text.find('-', 1);
     return dash == AnsiString::npos ? text : text.substr(0, dash);
+}
+
+// A page's description: a text, or the text of the label it refers to.
+AnsiString PageDescription(TComponent* page)
+{
+    const TPropInfo* prop = GetPropInfo(page, "Description");
+    if (!prop)
+        return {};
+    if (prop->PropType->Kind == tkString)
+        return GetStrProp(page, prop);
+    if (auto* label = dynamic_cast<TQzMemoryLabel*>(prop->PropType->Kind == tkClass ? GetObjectProp(page, prop) : nullptr))
+        return label->Text();
+    return {};
 }
 
 }  // namespace
@@ -97,6 +111,25 @@ bool TQzVariantPropertyEditor::AllEqual()
 TPropertyAttributes TQzPageControlVariantPropertyEditor::GetAttributes()
 {
     return {paValueList, paRevertable};
+}
+
+void TQzPageControlVariantPropertyEditor::GetValues(const TGetStrProc& proc)
+{
+    auto* control = dynamic_cast<TComponent*>(GetComponent(0));
+    if (!control)
+        return;
+    const TQzDataType type = DataType();
+    // The tabs are the pages placed in the control, in tab order.
+    for (int i = 0; i < control->ChildCount(); ++i) {
+        TComponent* page = control->Child(i);
+        const TPropInfo* value = ::GetPropInfo(page, "Value");
+        if (!value || value->PropType->Kind != tkVariant)
+            continue;
+        AnsiString entry = VariantToString(GetVariantProp(page, value), type);
+        if (const AnsiString description = PageDescription(page); !description.empty())
+            entry += " - " + description;
+        proc(entry);
+    }
 }
 
 void TQzPageControlVariantPropertyEditor::SetValue(const AnsiString& value)

@@ -24,7 +24,7 @@ struct TSpacingCase {
 TEST(Ruler, MajorsAreRoundStepsAtLeastThirtySixPixelsApart)
 {
     const TSpacingCase cases[] = {
-        {ruPixels, 100, 96, 50, 10},      {ruPixels, 10, 96, 500, 10},      {ruPixels, 400, 96, 10, 10},
+        {ruPixels, 100, 96, 50, 5},       {ruPixels, 10, 96, 500, 5},       {ruPixels, 400, 96, 10, 10},
         {ruPixels, 3200, 96, 2, 4},       {ruMillimeters, 100, 96, 10, 10}, {ruMillimeters, 50, 96, 20, 4},
         {ruMillimeters, 10, 96, 100, 10}, {ruMillimeters, 100, 300, 5, 5},  {ruInches, 100, 96, 0.5, 5},
         {ruInches, 25, 96, 2, 4},         {ruInches, 3200, 96, 0.02, 4},
@@ -60,18 +60,25 @@ std::vector<AnsiString> LabelsOf(const std::vector<TQzRulerTick>& ticks)
     return labels;
 }
 
-TEST(Ruler, TicksCoverTheLengthWithMediumsHalfwayAndLabelledMajors)
+TEST(Ruler, TicksCoverTheLengthWithLabelledMajorsAndMediumsHalfway)
 {
-    TQzRuler ruler(nullptr);
-    const auto ticks = ruler.Ticks(100, 96);
-    ASSERT_EQ(ticks.size(), 21u);   // every 5 pixels, both ends included
-    EXPECT_EQ(ticks.front().Position, 0);
+    TQzRuler pixels(nullptr);
+    const auto ticks = pixels.Ticks(100, 96);
+    ASSERT_EQ(ticks.size(), 11u);   // fifths of 50: every 10 pixels, both ends included
     EXPECT_EQ(ticks.back().Position, 100);
     EXPECT_EQ(PositionsOf(ticks, rtMajor), (std::vector<int>{0, 50, 100}));
-    EXPECT_EQ(PositionsOf(ticks, rtMedium), (std::vector<int>{25, 75}));
+    EXPECT_TRUE(PositionsOf(ticks, rtMedium).empty()) << "fifths have no half";
     EXPECT_EQ(LabelsOf(ticks), (std::vector<AnsiString>{"0", "50", "100"}));
     for (const TQzRulerTick& tick : ticks)
         EXPECT_EQ(tick.Label.empty(), tick.Kind != rtMajor);
+
+    TQzRuler millimeters(nullptr);
+    millimeters.SetUnits(ruMillimeters);
+    const auto mm = millimeters.Ticks(100, 96);
+    EXPECT_EQ(mm.size(), 27u);   // 0 to 26 mm
+    EXPECT_EQ(PositionsOf(mm, rtMajor), (std::vector<int>{0, 38, 76}));
+    EXPECT_EQ(PositionsOf(mm, rtMedium), (std::vector<int>{19, 57, 94}));
+    EXPECT_EQ(LabelsOf(mm), (std::vector<AnsiString>{"0", "10", "20"}));
 }
 
 TEST(Ruler, OffsetAndZoomMoveTheMarksButKeepTheirValues)
@@ -166,7 +173,7 @@ TEST(Ruler, PaintsMajorsAcrossTheRulerFromTheEdgeNextToThePicture)
     EXPECT_TRUE(dark(50, 5));    // a major spans nearly the whole depth
     EXPECT_TRUE(dark(30, 19));
     EXPECT_FALSE(dark(30, 10));   // a minor only a quarter of it
-    EXPECT_FALSE(dark(32, 19));   // nothing between marks
+    EXPECT_FALSE(dark(35, 19));   // nothing between marks
 }
 
 }  // namespace

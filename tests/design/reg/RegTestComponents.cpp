@@ -1,0 +1,93 @@
+#include "RegTestComponents.h"
+
+#include "rtl/ComponentStream.h"
+
+TRgHolder::TRgHolder(TComponent* owner) : TComponent(owner) {}
+
+void TRgHolder::DeclareProperties(TClassBuilder<TRgHolder>& b)
+{
+    b.Property("Caption", [](TRgHolder& h) { return &h.FCaption; });
+    b.Property("Message", [](TRgHolder& h) { return &h.FMessage; });
+    b.Property("Text", [](TRgHolder& h) { return &h.FText; });
+    b.Property("Image", [](TRgHolder& h) { return &h.FImage; });
+    b.Property("SetFont", [](TRgHolder& h) { return &h.FSetFont; });
+    b.Property("SetBackGround", [](TRgHolder& h) { return &h.FSetBackGround; });
+    b.Property("SetColor", [](TRgHolder& h) { return &h.FSetColor; });
+    b.Property("Privilege", [](TRgHolder& h) { return &h.FPrivilege; });
+    b.Property("Mask", [](TRgHolder& h) { return &h.FMask; });
+    b.Property("Lines", TypeInfo_TQzMultiLine(), &TRgHolder::FLines);
+    b.Property("ModalResult", &TRgHolder::FModalResult).Default(0);
+    b.Property("Width", &TRgHolder::FWidth).Default(1);
+    b.Property("GraphicClass", &TRgHolder::FGraphicClass);
+    b.Property("PkgName", &TRgHolder::FPkgName);
+    b.Property("Path", &TRgHolder::FPath);
+    b.Property("DataSource", &TRgHolder::FDataSource);
+    b.Property("DataField", &TRgHolder::FDataField);
+    b.Property("Value", &TRgHolder::FValue);
+    b.Enum("DataType", TypeInfo_TQzDataType(), &TRgHolder::FDataType, nullptr, qdtString);
+    b.Enum("InitMode", TypeInfo_TQzRegisterInitMode(), &TRgHolder::FInitMode, nullptr, imDFM);
+    b.Property("Partner", &TRgHolder::FPartner);
+}
+
+void TRgHolder::Notification(TComponent* component, TOperation operation)
+{
+    TComponent::Notification(component, operation);
+    if (operation == opRemove && component == FPartner)
+        FPartner = nullptr;
+}
+
+void TRgPlain::DeclareProperties(TClassBuilder<TRgPlain>& b)
+{
+    b.Property("Value", &TRgPlain::FValue);
+}
+
+void TRgMasked::DeclareProperties(TClassBuilder<TRgMasked>& b)
+{
+    b.Property("Mask", [](TRgMasked& m) { return &m.FMask; });
+    b.Property("Value", &TRgMasked::FValue);
+}
+
+void RegisterRgClasses()
+{
+    RegisterComponentStreamClasses();
+    RegisterClass(ClassOf<TRgHolder>());
+    RegisterClass(ClassOf<TRgPlain>());
+}
+
+std::unique_ptr<TFormDesigner> MakeHolderForm()
+{
+    RegisterRgClasses();
+    auto root = std::make_unique<TComponent>(nullptr);
+    root->SetName("Form1");
+    for (const char* name : {"H1", "H2", "H3"})
+        (new TRgHolder(root.get()))->SetName(name);
+    return std::make_unique<TFormDesigner>(std::move(root));
+}
+
+std::vector<AnsiString> ValuesOf(TPropertyEditor& editor)
+{
+    std::vector<AnsiString> values;
+    editor.GetValues([&](const AnsiString& v) { values.push_back(v); });
+    return values;
+}
+
+std::vector<AnsiString> VerbsOf(TComponentEditor& editor)
+{
+    std::vector<AnsiString> verbs;
+    for (int i = 0; i < editor.GetVerbCount(); ++i)
+        verbs.push_back(editor.GetVerb(i));
+    return verbs;
+}
+
+AnsiString AttributesText(TPropertyAttributes attributes)
+{
+    static const char* const names[] = {
+        "paValueList",   "paSubProperties",         "paDialog", "paMultiSelect",    "paAutoUpdate",
+        "paSortList",    "paReadOnly",              "paRevertable", "paFullWidthName", "paVolatileSubProperties",
+        "paVCL",         "paNotNestable",           "paDisplayReadOnly", "paCustomDropDown", "paValueEditable"};
+    AnsiString text;
+    for (int i = 0; i <= paValueEditable; ++i)
+        if (attributes.Contains(static_cast<TPropertyAttribute>(i)))
+            text += (text.empty() ? "" : ",") + AnsiString(names[i]);
+    return text;
+}
