@@ -62,14 +62,13 @@ const TTypeInfo* TypeInfo_TQzRulerUnits()
     return type;
 }
 
-TQzRuler::TQzRuler(TComponent* owner) : TComponent(owner) {}
+TQzRuler::TQzRuler(TComponent* owner) : TGraphicControl(owner)
+{
+    SetBounds(0, 0, 200, 20);
+}
 
 void TQzRuler::DeclareProperties(TClassBuilder<TQzRuler>& b)
 {
-    b.Property("Left", &TQzRuler::FLeft).Default(0);
-    b.Property("Top", &TQzRuler::FTop).Default(0);
-    b.Property("Width", &TQzRuler::FWidth).Default(200);
-    b.Property("Height", &TQzRuler::FHeight).Default(20);
     b.Enum("Orientation", TypeInfo_TQzRulerOrientation(), &TQzRuler::Orientation, &TQzRuler::SetOrientation,
            roHorizontal);
     b.Enum("Units", TypeInfo_TQzRulerUnits(), &TQzRuler::Units, &TQzRuler::SetUnits, ruPixels);

@@ -6,7 +6,7 @@
 // The marks are computed apart from painting (Ticks) so that the spacing
 // rules can be checked without a window.
 
-#include "rtl/Component.h"
+#include "runtime/components/Controls.h"
 
 #include <vector>
 
@@ -28,8 +28,8 @@ struct TQzRulerTick {
     bool operator==(const TQzRulerTick&) const = default;
 };
 
-class TQzRuler : public TComponent {
-    QZ_CLASS(TQzRuler, TComponent)
+class TQzRuler : public TGraphicControl {
+    QZ_CLASS(TQzRuler, TGraphicControl)
 
 public:
     // Majors are at least this far apart, so labels never overlap.
@@ -54,12 +54,6 @@ public:
     // Where the pointer is, in picture pixels; -1 hides the marker.
     Integer Marker() const { return FMarker; }
     void SetMarker(Integer value) { FMarker = value; }
-    // Where the ruler sits on its form; the designer keeps it.
-    Integer Left() const { return FLeft; }
-    Integer Top() const { return FTop; }
-    Integer Width() const { return FWidth; }
-    Integer Height() const { return FHeight; }
-
     // How many screen pixels one unit takes at the current zoom.
     double PixelsPerUnit(int pixelsPerInch) const;
     // The value step between two majors and how many parts a major splits into.
@@ -80,8 +74,4 @@ private:
     Integer FZoom = 100;
     Integer FOffset = 0;
     Integer FMarker = -1;
-    Integer FLeft = 0;
-    Integer FTop = 0;
-    Integer FWidth = 200;
-    Integer FHeight = 20;
 };

@@ -17,8 +17,8 @@ AnsiString VariantToString(const Variant& value, TQzDataType dataType);
 // does not fit the type raises EConvertError.
 Variant StringToVariant(const AnsiString& text, TQzDataType dataType);
 
-// The data type of the control being edited: its published "DataType",
-// else its mask's, else text.
+// The data type of the control (or collection item) being edited: as it
+// tells it, else its published "DataType", else its mask's, else text.
 TQzDataType QzComponentDataType(TPersistent* instance);
 
 class TQzVariantPropertyEditor : public TPropertyEditor {

@@ -4,6 +4,8 @@
 #include "design/images/Qzruler.h"
 #include "support/gui/QzTestApp.h"
 
+#include "runtime/components/Forms.h"
+
 #include "rtl/ComponentStream.h"
 
 #include <QImage>
@@ -134,13 +136,14 @@ TEST(Ruler, MarkerFollowsOffsetAndZoomAndHidesOffTheRuler)
 
 TEST(Ruler, TravelsInAFormWithItsSettings)
 {
-    RegisterComponentStreamClasses();
+    RegisterFormClasses();
     RegisterClass(ClassOf<TQzRuler>());
-    TComponent form(nullptr);
+    TForm form(nullptr);
     form.SetName("Form1");
     auto* ruler = new TQzRuler(&form);
     ruler->SetName("Ruler1");
-    ruler->SetParentComponent(&form);
+    ruler->SetParent(&form);
+    ruler->SetBounds(8, 16, 300, 24);
     ruler->SetOrientation(roVertical);
     ruler->SetUnits(ruMillimeters);
     ruler->SetZoom(150);
@@ -156,6 +159,8 @@ TEST(Ruler, TravelsInAFormWithItsSettings)
     EXPECT_EQ(back->Orientation(), roVertical);
     EXPECT_EQ(back->Units(), ruMillimeters);
     EXPECT_EQ(back->Zoom(), 150);
+    EXPECT_EQ(back->Parent(), read.get());
+    EXPECT_EQ(back->Width(), 300);
 }
 
 TEST(Ruler, PaintsMajorsAcrossTheRulerFromTheEdgeNextToThePicture)
