@@ -1,6 +1,5 @@
 #include "design/reg/QzCtrlsRegVariants.h"
 
-#include "runtime/components/QzControl.h"
 #include "runtime/model/QzMask.h"
 #include "runtime/model/QzMemory.h"
 #include "runtime/util/QzNumeric.h"
@@ -72,9 +71,6 @@ TQzDataType QzComponentDataType(TPersistent* instance)
 {
     if (!instance)
         return qdtString;
-    // The controls and collection items with a value say it themselves.
-    if (auto* control = dynamic_cast<IQzValueControl*>(instance))
-        return control->GetDataType();
     if (const TPropInfo* prop = GetPropInfo(instance, "DataType"); prop && prop->PropType == TypeInfo_TQzDataType())
         return static_cast<TQzDataType>(GetOrdProp(instance, prop));
     // A masked control keeps its data type in its mask.
