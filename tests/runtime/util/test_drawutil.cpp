@@ -35,14 +35,13 @@ class DrawImage : public TQzGuiTest {
 protected:
     DrawImage() { FImage = FPkg.Images()->Add(1); }
 
-    QImage Draw(bool transparent, bool stretch, bool proportional, TQzImageState state = isNormal,
-                bool grayed = false)
+    QImage Draw(bool transparent, bool stretch, bool proportional, TQzImageState state = isNormal)
     {
         QImage canvas(20, 20, QImage::Format_RGB32);
         canvas.fill(Back);
         QPainter painter(&canvas);
         TQzMemoryImage ref(FImage);
-        QzDrawImage(&painter, QRect(0, 0, 20, 20), &ref, QzColorNone, QzColorNone, grayed, state, transparent,
+        QzDrawImage(&painter, QRect(0, 0, 20, 20), &ref, QzColorNone, QzColorNone, false, state, transparent,
                     stretch, -1, -1, proportional);
         return canvas;
     }
@@ -76,38 +75,18 @@ TEST_F(DrawImage, PlacesThePictureAsAsked)
     }
 }
 
-TEST_F(DrawImage, TransparencyAndStatesChangeThePixels)
+TEST_F(DrawImage, TransparencyStatesAndUndecodableBytes)
 {
-    FImage->SetPicture(PngBytes(), "TPngImage", 4, 2);
+    FImage->SetPicture(PngBytes(), "TBitmap", 4, 2);  // a class name that does not match the bytes
     EXPECT_EQ(Draw(true, true, false).pixelColor(0, 0), Back) << "the bottom-left colour lets the back show";
     EXPECT_EQ(Draw(true, true, false).pixelColor(19, 19), Red);
-
-    const QColor gray = Draw(false, true, false, isNormal, true).pixelColor(19, 19);
+    const QColor gray = Draw(false, true, false, isDisabled).pixelColor(19, 19);
     EXPECT_TRUE(gray.red() == gray.green() && gray.green() == gray.blue()) << "greyed";
-    EXPECT_EQ(Draw(false, true, false, isDisabled).pixelColor(19, 19), gray);
     EXPECT_GT(Draw(false, true, false, isHot).pixelColor(19, 19).green(), 100) << "lit";
     const QImage down = Draw(false, false, false, isDown);
-    EXPECT_EQ(down.pixelColor(9, 10), Blue) << "pressed: one pixel right and down";
-    EXPECT_EQ(down.pixelColor(8, 9), Back);
-}
-
-TEST_F(DrawImage, DecodesWhateverTheClassNameSaysAndSkipsWhatItCannot)
-{
-    FImage->SetPicture(PngBytes(), "TBitmap", 4, 2);  // a name that does not match the bytes
-    EXPECT_EQ(Draw(false, true, false).pixelColor(19, 19), Red);
-
+    EXPECT_TRUE(down.pixelColor(9, 10) == Blue && down.pixelColor(8, 9) == Back) << "pressed: one pixel off";
     FImage->SetPicture("not a picture", "TPngImage", 4, 2);
     EXPECT_EQ(Draw(false, true, false).pixelColor(10, 10), Back);
-    FImage->Clear();
-    EXPECT_EQ(Draw(false, true, false).pixelColor(10, 10), Back);
-
-    QImage canvas(4, 4, QImage::Format_RGB32);
-    canvas.fill(Back);
-    QPainter painter(&canvas);
-    QzDrawImage(&painter, QRect(0, 0, 4, 4), nullptr, 0x0000FF, QzColorNone, false, isNormal, false, false, -1, -1,
-                false);
-    painter.end();
-    EXPECT_EQ(canvas.pixelColor(1, 1), Red) << "the back colour is filled even without a picture";
 }
 
 } // namespace
