@@ -1,0 +1,156 @@
+object MainForm: TQzCForm
+  Left = 250
+  Top = 140
+  Width = 520
+  Height = 400
+  Color = clBtnFace
+  Font.Charset = DEFAULT_CHARSET
+  Font.Color = clWindowText
+  Font.Height = -11
+  Font.Name = 'MS Sans Serif'
+  Font.Style = []
+  Caption = 'QzControls demo'
+  OldCreateOrder = False
+  DataSources = <>
+  PixelsPerInch = 96
+  TextHeight = 13
+  object QzCApplication1: TQzCApplication
+    Left = 8
+    Top = 318
+  end
+  object PkgStrings: TQzPkgStrings
+    Left = 48
+    Top = 318
+    PkgName = 'DEMO'
+    Data = {
+      02010104FFFFFF7F0200020002000200000102011408000000437573746F6D65
+      72140000000008020214040000004E616D651400000000080203140400000043
+      6974791400000000080204140400000053617665140000000008020514060000
+      0043616E63656C140000000008020614050000004E6F74657314000000000802
+      07140F00000041637469766520637573746F6D65721400000000080208140D00
+      0000437573746F6D65722066696C651400000000080209141000000044656D6F
+      206170706C69636174696F6E140000000008020A14020000004F4B1400000000
+      08020B1407000000446973706C6179140000000008020C140B0000004C617267
+      652069636F6E73140000000008020D140B000000536D616C6C2069636F6E7314
+      0000000008020E141600000053686F77207468652073706C6173682073637265
+      656E1400000000080001000100}
+  end
+  object PkgImages: TQzPkgImages
+    Left = 88
+    Top = 318
+    PkgName = 'DEMO'
+  end
+  object PanelTop: TQzPanel
+    Left = 0
+    Top = 0
+    Width = 504
+    Height = 41
+    Align = alTop
+    TabOrder = 0
+    object LabelTitle: TQzLabel
+      Left = 12
+      Top = 12
+      Width = 160
+      Height = 16
+      Caption.PkgName = 'DEMO'
+      Caption.Id = 8
+    end
+  end
+  object Pages: TQzPageControl
+    Left = 8
+    Top = 48
+    Width = 488
+    Height = 260
+    TabOrder = 1
+    ActivePage = SheetCustomer
+    Pages = <
+      item
+        TabSheet = SheetCustomer
+      end
+      item
+        TabSheet = SheetNotes
+      end>
+    object SheetCustomer: TQzTabSheet
+      Left = 0
+      Top = 0
+      Width = 0
+      Height = 0
+      Align = alClient
+      TabOrder = 0
+      object LabelName: TQzLabel
+        Left = 16
+        Top = 20
+        Width = 60
+        Height = 13
+        Caption.PkgName = 'DEMO'
+        Caption.Id = 2
+      end
+      object EditName: TQzEdit
+        Left = 96
+        Top = 16
+        Width = 240
+        Height = 21
+        TabOrder = 0
+        Value = 'Ada Lovelace'
+      end
+      object LabelCity: TQzLabel
+        Left = 16
+        Top = 52
+        Width = 60
+        Height = 13
+        Caption.PkgName = 'DEMO'
+        Caption.Id = 3
+      end
+      object EditCity: TQzEdit
+        Left = 96
+        Top = 48
+        Width = 240
+        Height = 21
+        TabOrder = 1
+        Value = 'London'
+      end
+      object CheckActive: TQzCheckBox
+        Left = 96
+        Top = 84
+        Width = 160
+        Height = 17
+        TabOrder = 2
+        Caption.PkgName = 'DEMO'
+        Caption.Id = 7
+      end
+    end
+    object SheetNotes: TQzTabSheet
+      Left = 0
+      Top = 0
+      Width = 0
+      Height = 0
+      Align = alClient
+      TabOrder = 1
+      object MemoNotes: TQzMemo
+        Left = 8
+        Top = 8
+        Width = 464
+        Height = 210
+        TabOrder = 0
+      end
+    end
+  end
+  object ButtonSave: TQzBitBtn
+    Left = 336
+    Top = 324
+    Width = 75
+    Height = 25
+    TabOrder = 2
+    Caption.PkgName = 'DEMO'
+    Caption.Id = 4
+  end
+  object ButtonCancel: TQzBitBtn
+    Left = 421
+    Top = 324
+    Width = 75
+    Height = 25
+    TabOrder = 3
+    Caption.PkgName = 'DEMO'
+    Caption.Id = 5
+  end
+end

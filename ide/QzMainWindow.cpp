@@ -1,0 +1,405 @@
+#include "ide/QzMainWindow.h"
+
+#include "ide/QzComponentTree.h"
+#include "ide/QzControlLook.h"
+#include "ide/QzDesignSurface.h"
+#include "ide/QzIdeProject.h"
+#include "ide/QzInspector.h"
+#include "ide/QzPalette.h"
+
+#include "vcl/QzDialogs.h"
+
+#include "rtl/ComponentStream.h"
+#include "rtl/SysUtils.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QScrollArea>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QUndoGroup>
+#include <QUndoStack>
+#include <QVBoxLayout>
+
+namespace {
+QString Q(const AnsiString& s) { return QString::fromStdString(s); }
+}
+
+TQzMainWindow::TQzMainWindow(QWidget* parent)
+    : QMainWindow(parent),
+      FPalette(new TQzPalette),
+      FTabs(new QTabWidget),
+      FForms(new QListWidget),
+      FTree(new TQzComponentTree),
+      FInspector(new TQzInspector),
+      FUndo(new QUndoGroup(this))
+{
+    setWindowTitle(tr("qzide"));
+    auto* central = new QWidget;
+    auto* layout = new QVBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    layout->addWidget(FPalette);
+    layout->addWidget(FTabs);
+    FTabs->setTabsClosable(true);
+    FTabs->setDocumentMode(true);
+    setCentralWidget(central);
+    BuildDocks();
+    BuildMenus();
+    connect(FTabs, &QTabWidget::currentChanged, this, [this] { CurrentTabChanged(); });
+    connect(FTabs, &QTabWidget::tabCloseRequested, this, [this](int tab) {
+        auto* scroll = qobject_cast<QScrollArea*>(FTabs->widget(tab));
+        auto* surface = scroll ? qobject_cast<TQzDesignSurface*>(scroll->widget()) : nullptr;
+        if (surface)
+            CloseForm(FormIndexOf(surface->Designer()));
+    });
+    connect(FForms, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) { ShowForm(FForms->row(item)); });
+    connect(FForms, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { ShowForm(FForms->row(item)); });
+    resize(1400, 860);
+}
+
+TQzMainWindow::~TQzMainWindow()
+{
+    // The surfaces and the docks refer to the designers the project owns.
+    FTree->SetDesigner(nullptr);
+    FInspector->SetDesigner(nullptr);
+    while (FTabs->count() > 0)
+        delete FTabs->widget(0);
+    FSurfaces.clear();
+}
+
+void TQzMainWindow::BuildDocks()
+{
+    const auto dock = [this](const QString& title, QWidget* widget, Qt::DockWidgetArea area) {
+        auto* d = new QDockWidget(title, this);
+        d->setObjectName(title);
+        d->setWidget(widget);
+        addDockWidget(area, d);
+        return d;
+    };
+    QDockWidget* forms = dock(tr("Forms"), FForms, Qt::LeftDockWidgetArea);
+    QDockWidget* tree = dock(tr("Components"), FTree, Qt::LeftDockWidgetArea);
+    QDockWidget* inspector = dock(tr("Object Inspector"), FInspector, Qt::RightDockWidgetArea);
+    splitDockWidget(forms, tree, Qt::Vertical);
+    resizeDocks({forms, tree}, {160, 500}, Qt::Vertical);
+    resizeDocks({forms, inspector}, {230, 320}, Qt::Horizontal);
+}
+
+void TQzMainWindow::BuildMenus()
+{
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    QToolBar* tools = addToolBar(tr("Standard"));
+    tools->setObjectName(QStringLiteral("Standard"));
+    QAction* open = file->addAction(tr("&Open Project..."), this, [this] { OpenProjectDialog(); });
+    open->setShortcut(QKeySequence::Open);
+    QAction* save = file->addAction(tr("&Save"), this, [this] { SaveCurrent(); });
+    save->setShortcut(QKeySequence::Save);
+    QAction* saveAll = file->addAction(tr("Save A&ll"), this, [this] { SaveAll(); });
+    saveAll->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    file->addAction(tr("&Close Form"), this, [this] {
+        if (TIdeDesigner* d = CurrentDesigner())
+            CloseForm(FormIndexOf(d));
+    });
+    file->addSeparator();
+    file->addAction(tr("E&xit"), this, &QWidget::close)->setShortcut(QKeySequence::Quit);
+
+    QMenu* edit = menuBar()->addMenu(tr("&Edit"));
+    QAction* undo = FUndo->createUndoAction(this, tr("&Undo"));
+    undo->setShortcut(QKeySequence::Undo);
+    QAction* redo = FUndo->createRedoAction(this, tr("&Redo"));
+    redo->setShortcut(QKeySequence::Redo);
+    edit->addAction(undo);
+    edit->addAction(redo);
+    edit->addSeparator();
+    edit->addAction(tr("&Delete"), this, [this] {
+        if (TIdeDesigner* d = CurrentDesigner())
+            d->DeleteComponents(d->SelectedComponents());
+    });
+    edit->addAction(tr("Select &All"), this, [this] {
+        TIdeDesigner* d = CurrentDesigner();
+        if (!d)
+            return;
+        TDesignerSelections all;
+        for (int i = 0; i < d->GetRoot()->ComponentCount(); ++i)
+            all.push_back(d->GetRoot()->Components(i));
+        d->SetSelections(all);
+    })->setShortcut(QKeySequence::SelectAll);
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    for (QDockWidget* d : findChildren<QDockWidget*>())
+        view->addAction(d->toggleViewAction());
+    view->addAction(tools->toggleViewAction());
+
+    tools->addAction(open);
+    tools->addAction(save);
+    tools->addAction(saveAll);
+    tools->addSeparator();
+    tools->addAction(undo);
+    tools->addAction(redo);
+}
+
+void TQzMainWindow::ShowStatus(const QString& text) { statusBar()->showMessage(text); }
+
+bool TQzMainWindow::OpenProject(const QString& path)
+{
+    if (!CloseProject())
+        return false;
+    try {
+        FProject = std::make_unique<TIdeProject>(path.toStdString());
+    } catch (const Exception& e) {
+        QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+        return false;
+    }
+    // Only the names now: a form is read when it is first shown.
+    for (int i = 0; i < FProject->FormCount(); ++i)
+        FForms->addItem(Q(FProject->FormTitle(i)));
+    connect(FProject.get(), &TIdeProject::DesignerReloaded, this, [this](int index) {
+        // Written from outside: the old surface goes, the new form shows.
+        for (auto it = FSurfaces.begin(); it != FSurfaces.end();) {
+            if (FormIndexOf(it->first) < 0) {
+                const int tab = TabOf(it->first);
+                if (tab >= 0)
+                    delete FTabs->widget(tab);
+                it = FSurfaces.erase(it);
+            } else {
+                ++it;
+            }
+        }
+        ShowForm(index);
+    });
+    setWindowTitle(tr("qzide - %1").arg(Q(FProject->Name())));
+    ShowStatus(tr("%1: %2 forms").arg(Q(FProject->Name())).arg(FProject->FormCount()));
+    if (FProject->FormCount() > 0)
+        ShowForm(0);
+    return true;
+}
+
+bool TQzMainWindow::CloseProject()
+{
+    if (!FProject)
+        return true;
+    for (TIdeDesigner* d : FProject->OpenDesigners())
+        if (!AskToSave(d))
+            return false;
+    FTree->SetDesigner(nullptr);
+    FInspector->SetDesigner(nullptr);
+    while (FTabs->count() > 0)
+        delete FTabs->widget(0);
+    FSurfaces.clear();
+    FForms->clear();
+    FProject.reset();
+    return true;
+}
+
+TIdeDesigner* TQzMainWindow::ShowForm(int index)
+{
+    if (!FProject || index < 0 || index >= FProject->FormCount())
+        return nullptr;
+    TIdeDesigner* designer = FProject->Designer(index);
+    if (!designer) {
+        try {
+            designer = FProject->Open(index);
+        } catch (const Exception& e) {
+            QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+            ShowStatus(Q(e.Message()));
+            return nullptr;
+        }
+    }
+    if (FSurfaces.count(designer) == 0) {
+        auto* surface = new TQzDesignSurface(designer);
+        surface->PendingClass = [this] { return FPalette->SelectedClass(); };
+        surface->ClassPlaced = [this] { FPalette->ClearSelection(); };
+        auto* scroll = new QScrollArea;
+        scroll->setWidget(surface);
+        scroll->setWidgetResizable(true);
+        FSurfaces[designer] = surface;
+        FUndo->addStack(designer->UndoStack());
+        connect(designer, &TIdeDesigner::Changed, this, [this, designer] { DesignerChanged(designer); });
+        connect(designer, &TIdeDesigner::SelectionChanged, this, [this, designer] { SelectionChanged(designer); });
+        connect(designer, &TIdeDesigner::RootReplaced, this, [this, designer] {
+            if (designer == CurrentDesigner()) {
+                FTree->Rebuild();
+                FInspector->Rebuild();
+            }
+        });
+        FTabs->addTab(scroll, Q(FProject->FormTitle(index)));
+    }
+    FTabs->setCurrentIndex(TabOf(designer));
+    FForms->setCurrentRow(index);
+    UpdateTitles();
+    return designer;
+}
+
+bool TQzMainWindow::AskToSave(TIdeDesigner* designer)
+{
+    if (!designer || !designer->IsModified())
+        return true;
+    const AnsiString text = "Save changes to " + ExtractFileName(designer->FileName()) + "?";
+    switch (QzMessage(text, mtConfirmation, mbYesNoCancel, mbYes, this)) {
+    case mrYes:
+        try {
+            designer->Save();
+        } catch (const Exception& e) {
+            QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+            return false;
+        }
+        return true;
+    case mrNo:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool TQzMainWindow::CloseForm(int index)
+{
+    if (!FProject || index < 0)
+        return false;
+    TIdeDesigner* designer = FProject->Designer(index);
+    if (!designer)
+        return true;
+    if (!AskToSave(designer))
+        return false;
+    const int tab = TabOf(designer);
+    if (designer == CurrentDesigner()) {
+        FTree->SetDesigner(nullptr);
+        FInspector->SetDesigner(nullptr);
+    }
+    FUndo->removeStack(designer->UndoStack());
+    FSurfaces.erase(designer);
+    if (tab >= 0)
+        delete FTabs->widget(tab);
+    FProject->Close(index);
+    CurrentTabChanged();
+    return true;
+}
+
+bool TQzMainWindow::SaveCurrent()
+{
+    TIdeDesigner* d = CurrentDesigner();
+    if (!d)
+        return false;
+    try {
+        d->Save();
+    } catch (const Exception& e) {
+        QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+        return false;
+    }
+    ShowStatus(tr("Saved %1").arg(Q(d->FileName())));
+    return true;
+}
+
+int TQzMainWindow::SaveAll()
+{
+    if (!FProject)
+        return 0;
+    try {
+        const int saved = FProject->SaveAll();
+        ShowStatus(tr("Saved %1 forms").arg(saved));
+        UpdateTitles();
+        return saved;
+    } catch (const Exception& e) {
+        QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+        return 0;
+    }
+}
+
+TIdeDesigner* TQzMainWindow::CurrentDesigner() const
+{
+    auto* scroll = qobject_cast<QScrollArea*>(FTabs->currentWidget());
+    auto* surface = scroll ? qobject_cast<TQzDesignSurface*>(scroll->widget()) : nullptr;
+    return surface ? surface->Designer() : nullptr;
+}
+
+TQzDesignSurface* TQzMainWindow::SurfaceOf(TIdeDesigner* designer) const
+{
+    auto it = FSurfaces.find(designer);
+    return it == FSurfaces.end() ? nullptr : it->second;
+}
+
+int TQzMainWindow::TabOf(TIdeDesigner* designer) const
+{
+    TQzDesignSurface* surface = SurfaceOf(designer);
+    for (int i = 0; surface && i < FTabs->count(); ++i)
+        if (auto* scroll = qobject_cast<QScrollArea*>(FTabs->widget(i)); scroll && scroll->widget() == surface)
+            return i;
+    return -1;
+}
+
+int TQzMainWindow::FormIndexOf(TIdeDesigner* designer) const
+{
+    for (int i = 0; FProject && i < FProject->FormCount(); ++i)
+        if (FProject->Designer(i) == designer)
+            return i;
+    return -1;
+}
+
+void TQzMainWindow::CurrentTabChanged()
+{
+    TIdeDesigner* d = CurrentDesigner();
+    FTree->SetDesigner(d);
+    FInspector->SetDesigner(d);
+    FUndo->setActiveStack(d ? d->UndoStack() : nullptr);
+    if (d)
+        FForms->setCurrentRow(FormIndexOf(d));
+    SelectionChanged(d);
+}
+
+void TQzMainWindow::UpdateTitles()
+{
+    for (TIdeDesigner* d : FProject ? FProject->OpenDesigners() : std::vector<TIdeDesigner*>{}) {
+        const int tab = TabOf(d);
+        if (tab >= 0)
+            FTabs->setTabText(tab, Q(ExtractFileName(d->FileName())) + (d->IsModified() ? "*" : ""));
+    }
+}
+
+void TQzMainWindow::DesignerChanged(TIdeDesigner* designer)
+{
+    UpdateTitles();
+    if (designer != CurrentDesigner())
+        return;
+    FTree->Rebuild();
+    FInspector->RefreshValues();
+}
+
+void TQzMainWindow::SelectionChanged(TIdeDesigner* designer)
+{
+    if (!designer || designer != CurrentDesigner())
+        return;
+    FTree->SyncSelection();
+    FInspector->Rebuild();
+    const auto selected = designer->SelectedComponents();
+    if (selected.size() == 1) {
+        TComponent* c = selected.front();
+        QString text = Q(c->Name() + ": " + StreamedClassName(c));
+        if (QzIsControl(c)) {
+            const QRect r = QzControlBounds(c);
+            text += QStringLiteral("  (%1, %2, %3 x %4)").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+        }
+        ShowStatus(text);
+    } else {
+        ShowStatus(tr("%1 components selected").arg(selected.size()));
+    }
+}
+
+void TQzMainWindow::OpenProjectDialog()
+{
+    TQzFileRequest request;
+    request.Title = "Open Project";
+    request.Filter = "C++Builder projects (*.bpr;*.cbproj)|*.bpr;*.cbproj|All files (*.*)|*.*";
+    const AnsiString file = QzOpenFile(request);
+    if (!file.empty())
+        OpenProject(Q(file));
+}
+
+void TQzMainWindow::closeEvent(QCloseEvent* event)
+{
+    if (CloseProject())
+        event->accept();
+    else
+        event->ignore();
+}

@@ -1,0 +1,81 @@
+#pragma once
+// The designer host's main window: menus, tool bar and status bar, the
+// component palette, the project's forms, the component tree and object
+// inspector of the current form, and the open forms' designers in tabs.
+
+#include "rtl/System.h"
+
+#include <QMainWindow>
+#include <map>
+#include <memory>
+
+class QAction;
+class QListWidget;
+class QTabWidget;
+class QUndoGroup;
+class TIdeDesigner;
+class TIdeProject;
+class TQzComponentTree;
+class TQzDesignSurface;
+class TQzInspector;
+class TQzPalette;
+
+class TQzMainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit TQzMainWindow(QWidget* parent = nullptr);
+    ~TQzMainWindow() override;
+
+    // Opens a project file or folder, closing the one open (asking to save
+    // its changes first); false when the user cancelled or it cannot be read.
+    bool OpenProject(const QString& path);
+    // Shows the project's index-th form, reading it first when needed; an
+    // unreadable form is reported (naming the file and line) and not opened.
+    TIdeDesigner* ShowForm(int index);
+    // Closes the current form, asking to save its changes; false when the
+    // user cancelled.
+    bool CloseForm(int index);
+    bool SaveCurrent();
+    int SaveAll();
+    // Asks about every changed form; false when the user cancelled.
+    bool CloseProject();
+
+    TIdeProject* Project() const { return FProject.get(); }
+    TIdeDesigner* CurrentDesigner() const;
+    TQzDesignSurface* SurfaceOf(TIdeDesigner* designer) const;
+    TQzPalette* Palette() const { return FPalette; }
+    TQzInspector* Inspector() const { return FInspector; }
+    TQzComponentTree* Tree() const { return FTree; }
+    QListWidget* FormsList() const { return FForms; }
+    QTabWidget* FormTabs() const { return FTabs; }
+    QUndoGroup* UndoGroup() const { return FUndo; }
+    // Tells the user something in the status bar.
+    void ShowStatus(const QString& text);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void BuildMenus();
+    void BuildDocks();
+    void CurrentTabChanged();
+    void DesignerChanged(TIdeDesigner* designer);
+    void SelectionChanged(TIdeDesigner* designer);
+    int TabOf(TIdeDesigner* designer) const;
+    int FormIndexOf(TIdeDesigner* designer) const;
+    void UpdateTitles();
+    void OpenProjectDialog();
+    // Asks whether to save designer's changes: true to go on (saved or
+    // discarded), false when cancelled.
+    bool AskToSave(TIdeDesigner* designer);
+
+    std::unique_ptr<TIdeProject> FProject;
+    TQzPalette* FPalette;
+    QTabWidget* FTabs;
+    QListWidget* FForms;
+    TQzComponentTree* FTree;
+    TQzInspector* FInspector;
+    QUndoGroup* FUndo;
+    std::map<TIdeDesigner*, TQzDesignSurface*> FSurfaces;
+};
