@@ -1,7 +1,7 @@
 #include "design/reg/QzCtrlsRegVariants.h"
 
+#include "runtime/components/QzPages.h"
 #include "runtime/model/QzMask.h"
-#include "runtime/model/QzMemory.h"
 #include "runtime/util/QzNumeric.h"
 
 #include <cmath>
@@ -22,19 +22,6 @@ AnsiString BeforeDescription(const AnsiString& text)
         return text.substr(0, separator);
     const auto dash = text.find('-', 1);
     return dash == AnsiString::npos ? text : text.substr(0, dash);
-}
-
-// A page's description: a text, or the text of the label it refers to.
-AnsiString PageDescription(TComponent* page)
-{
-    const TPropInfo* prop = GetPropInfo(page, "Description");
-    if (!prop)
-        return {};
-    if (prop->PropType->Kind == tkString)
-        return GetStrProp(page, prop);
-    if (auto* label = dynamic_cast<TQzMemoryLabel*>(prop->PropType->Kind == tkClass ? GetObjectProp(page, prop) : nullptr))
-        return label->Text();
-    return {};
 }
 
 }  // namespace
@@ -71,6 +58,9 @@ TQzDataType QzComponentDataType(TPersistent* instance)
 {
     if (!instance)
         return qdtString;
+    // The controls and collection items with a value say it themselves.
+    if (auto* control = dynamic_cast<IQzValueControl*>(instance))
+        return control->GetDataType();
     if (const TPropInfo* prop = GetPropInfo(instance, "DataType"); prop && prop->PropType == TypeInfo_TQzDataType())
         return static_cast<TQzDataType>(GetOrdProp(instance, prop));
     // A masked control keeps its data type in its mask.
@@ -115,18 +105,14 @@ TPropertyAttributes TQzPageControlVariantPropertyEditor::GetAttributes()
 
 void TQzPageControlVariantPropertyEditor::GetValues(const TGetStrProc& proc)
 {
-    auto* control = dynamic_cast<TComponent*>(GetComponent(0));
+    auto* control = dynamic_cast<TQzCustomPageControl*>(GetComponent(0));
     if (!control)
         return;
     const TQzDataType type = DataType();
-    // The tabs are the pages placed in the control, in tab order.
-    for (int i = 0; i < control->ChildCount(); ++i) {
-        TComponent* page = control->Child(i);
-        const TPropInfo* value = ::GetPropInfo(page, "Value");
-        if (!value || value->PropType->Kind != tkVariant)
-            continue;
-        AnsiString entry = VariantToString(GetVariantProp(page, value), type);
-        if (const AnsiString description = PageDescription(page); !description.empty())
+    for (int i = 0; i < control->PageCount(); ++i) {
+        TQzPageItem* page = control->Page(i);
+        AnsiString entry = VariantToString(page->Value(), type);
+        if (const AnsiString description = page->Description(); !description.empty())
             entry += " - " + description;
         proc(entry);
     }

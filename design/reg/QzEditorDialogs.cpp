@@ -42,6 +42,7 @@ TDialogName NameOf(TQzEditorDialog kind)
     case TQzEditorDialog::ImageEditor: return {"TFrImageE", "The image editor"};
     case TQzEditorDialog::RichEditor: return {"TFrRichEditE", "The rich text editor"};
     case TQzEditorDialog::Help: return {"TFrMsgHlp", "The help window"};
+    case TQzEditorDialog::PopupMenu: return {"TQzPopupMenu", "The popup menu display"};
     }
     return {"", "This window"};
 }

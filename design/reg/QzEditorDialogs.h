@@ -45,6 +45,7 @@ enum class TQzEditorDialog {
     ImageEditor,      // TFrImageE: Caption
     RichEditor,       // TFrRichEditE: Caption
     Help,             // TFrMsgHlp: PkgName, TopicId, Text
+    PopupMenu,        // a popup menu shown where the mouse is: Component the TQzPopupMenu
 };
 
 struct TQzEditorDialogRequest {
