@@ -182,11 +182,14 @@ std::string TQzPicture::ImqzBytes() const
     const TQzPkgImagesImage& image = *FConstImage;
     if (image.Empty())
         throw EInvalidGraphic("The " + ImageName(image) + " has no picture");
+    // Decoded so that the file names the picture's real size (images from
+    // old forms may carry none) and never holds bytes it could not load.
+    const QImage picture = Decode();
     TQzImqzContents contents;
     contents.GraphicClass = image.GraphicClass().empty() ? QzGraphicClassOfQtFormat(QzDetectPictureFormat(image.PictureData()))
                                                          : image.GraphicClass();
-    contents.Width = image.Width();
-    contents.Height = image.Height();
+    contents.Width = picture.width();
+    contents.Height = picture.height();
     contents.Picture = image.PictureData();
     contents.Blocks = image.Extensions().Blocks();
     return QzBuildImqz(contents);

@@ -9,6 +9,7 @@
 
 #include "rtl/Streams.h"
 
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -126,6 +127,18 @@ TEST_F(PictureFiles, ImqzKeepsEverythingTheImageCarries)
     EXPECT_EQ(TQzPicture(FOther).GetDesign(), TQzPicture(FImage).GetDesign());
     EXPECT_EQ(TQzPicture(FOther).GetInternalMask(), TQzPicture(FImage).GetInternalMask());
     EXPECT_EQ(TQzPicture(FOther).InternalMaskColor(), RedTColor);
+}
+
+TEST_F(PictureFiles, ImqzGivesThePicturesRealSizeWhenTheImageLacksIt)
+{
+    // As images from forms that recorded no size arrive.
+    FImage->SetPicture(Encode(KnownPicture(), "PNG"), "TPngImage", 0, 0);
+    TQzPicture(FOther).LoadFromBytes(TQzPicture(FImage).ImqzBytes(), "sized.imqz");
+    EXPECT_EQ(QSize(FOther->Width(), FOther->Height()), QSize(7, 5));
+
+    FImage->SetPicture("not a picture", "TPngImage", 7, 5);
+    EXPECT_THROW(TQzPicture(FImage).SaveToFile(Path("bad.imqz")), EInvalidGraphic);
+    EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(Path("bad.imqz"))));
 }
 
 TEST_F(PictureFiles, APlainPictureReplacesTheMasksButKeepsTheDesignValues)
