@@ -18,6 +18,7 @@
 // docs/file-formats.md describes the blocks.
 
 #include "runtime/model/QzTypes.h"
+#include "runtime/util/Qzdrawutil.h"
 
 #include <QImage>
 #include <QRegion>
@@ -34,8 +35,9 @@ inline constexpr const char* QzExtDesign = "Design";
 inline constexpr const char* QzExtDesignerSettings = "DesignerSettings";
 
 // "Take the transparent colour from the picture": its bottom-left pixel, as
-// transparent bitmaps of the suite's era chose it.
-inline constexpr TColor QzMaskColorAuto = 0x1FFFFFFF;
+// transparent bitmaps of the suite's era chose it. The colour "none" of the
+// drawing code, which means the same there.
+inline constexpr TColor QzMaskColorAuto = QzColorNone;
 
 // The mask of picture in which every pixel of colour (0x00BBGGRR; system
 // colours are taken from the palette; QzMaskColorAuto: the bottom-left
