@@ -97,12 +97,22 @@ std::string TIdeDesigner::Snapshot() const { return WriteComponentData(GetRoot()
 void TIdeDesigner::Restore(const std::string& snapshot)
 {
     const std::vector<AnsiString> selected = NamesOf(FForm->GetSelections());
-    auto form = std::make_unique<TFormDesigner>(ReadForm(snapshot, FForm->TextOptions()), FForm->FileName(),
-                                                FForm->StoredFormat(), FForm->TextOptions());
+    const AnsiString fileName = FForm->FileName();
+    const TFormFormat format = FForm->StoredFormat();
+    const TFormTextOptions options = FForm->TextOptions();
     const int modifiedCount = FForm->ModifiedCount();
-    FForm->OnModified = nullptr;
-    FReplaced.push_back(std::move(FForm));
-    FForm = std::move(form);
+    // The old components go first: some classes allow one instance per
+    // project (the application object) and would refuse a second.
+    const std::string current = Snapshot();
+    FForm.reset();
+    try {
+        FForm = std::make_unique<TFormDesigner>(ReadForm(snapshot, options), fileName, format, options);
+    } catch (...) {
+        FForm = std::make_unique<TFormDesigner>(ReadForm(current, options), fileName, format, options);
+        FForm->OnModified = [this] { emit Changed(); };
+        emit RootReplaced();
+        throw;
+    }
     FForm->OnModified = [this] { emit Changed(); };
     TDesignerSelections selections;
     for (const AnsiString& name : selected)

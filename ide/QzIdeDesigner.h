@@ -6,9 +6,8 @@
 // Every change is recorded as the form's stream before and after it, so
 // moving, sizing, a property typed in the inspector, a verb of a component
 // editor, adding and deleting all undo the same way and nothing can be
-// forgotten. Undoing reads the form again from its stream; the roots it
-// replaces stay alive until the designer goes, so no editor is left with
-// a dangling component.
+// forgotten. Undoing reads the form again from its stream, after freeing
+// the components it replaces; the host rebuilds its views on RootReplaced.
 
 #include "designide/FormDesigner.h"
 
@@ -83,6 +82,5 @@ signals:
 
 private:
     std::unique_ptr<TFormDesigner> FForm;
-    std::vector<std::unique_ptr<TFormDesigner>> FReplaced;
     QUndoStack* FUndo;
 };
