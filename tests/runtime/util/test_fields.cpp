@@ -35,7 +35,7 @@ TEST(Fields, AnyFieldsReadBackAsOneLine)
     // Fields drawn from the characters that matter to the rule, so that
     // every mix of quote, hash, blank, separator, break, control byte and
     // UTF-8 occurs, in lists of none, one empty field and more.
-    const AnsiString alphabet = std::string("ab ,;\"#1\r\n\t\0\x7f\xc3\xa9", 17);
+    const AnsiString alphabet = std::string("ab ,;\"#1\r\n\t\0\x7f\xc3\xa9", 15);
     std::mt19937 rng(20240611);
     for (int round = 0; round < 5000; ++round) {
         TFields fields(rng() % 6);
