@@ -24,14 +24,20 @@ bool IsAbsolutePath(const AnsiString& name)
 
 }  // namespace
 
-void QzRegisterPkgFileFormat(TMetaClass* pkgClass, std::shared_ptr<TQzPkgFileFormat> format)
+std::shared_ptr<TQzPkgFileFormat> QzRegisterPkgFileFormat(TMetaClass* pkgClass,
+                                                          std::shared_ptr<TQzPkgFileFormat> format)
 {
     if (!pkgClass || !pkgClass->InheritsFrom(TQzPkgInfo::ClassInfo()))
         throw EQzPkgError("A package file format must be installed for a package class");
+    auto& formats = FileFormats();
+    std::shared_ptr<TQzPkgFileFormat> previous;
+    if (auto it = formats.find(pkgClass); it != formats.end()) {
+        previous = std::move(it->second);
+        formats.erase(it);
+    }
     if (format)
-        FileFormats()[pkgClass] = std::move(format);
-    else
-        FileFormats().erase(pkgClass);
+        formats[pkgClass] = std::move(format);
+    return previous;
 }
 
 TQzPkgFileFormat* QzFindPkgFileFormat(const TMetaClass* pkgClass)

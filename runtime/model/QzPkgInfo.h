@@ -55,9 +55,11 @@ public:
     virtual AnsiString ReadDescription(const AnsiString& fileName) = 0;
 };
 
-// Installs the format for pkgClass and its descendants (replacing an
-// earlier one); the registry keeps it for the life of the process.
-void QzRegisterPkgFileFormat(TMetaClass* pkgClass, std::shared_ptr<TQzPkgFileFormat> format);
+// Installs the format for pkgClass and its descendants that have none of
+// their own; nullptr removes it. Returns the format it replaces, so that a
+// caller can put it back.
+std::shared_ptr<TQzPkgFileFormat> QzRegisterPkgFileFormat(TMetaClass* pkgClass,
+                                                          std::shared_ptr<TQzPkgFileFormat> format);
 // The format of the nearest class up from pkgClass that has one, or nullptr.
 TQzPkgFileFormat* QzFindPkgFileFormat(const TMetaClass* pkgClass);
 
