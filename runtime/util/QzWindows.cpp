@@ -1,5 +1,7 @@
 #include "runtime/util/QzWindows.h"
 
+#include "vcl/QzWindowBounds.h"  // the declarations above must match vcl's
+
 #include <QWidget>
 
 void QzCenterWindow(QWidget* form, bool onScreen)
