@@ -2,7 +2,7 @@
 
 #include "runtime/model/QzMemory.h"
 #include "runtime/model/QzPkgImages.h"
-#include "runtime/util/QzGraphicFormats.h"
+#include "runtime/pictures/QzPictureDraw.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -31,36 +31,6 @@ QPalette::ColorRole SystemRole(int index, QPalette::ColorGroup& group)
     case 24: return QPalette::ToolTipBase;
     default: return QPalette::Window;
     }
-}
-
-QImage Transparented(const QImage& picture, TColor transparentColor)
-{
-    if (picture.hasAlphaChannel() || picture.isNull())
-        return picture;
-    const QColor key = transparentColor == QzColorNone ? picture.pixelColor(0, picture.height() - 1)
-                                                       : QzColorToQColor(transparentColor);
-    QImage out = picture.convertToFormat(QImage::Format_ARGB32);
-    const QRgb keyRgb = key.rgb() & 0xFFFFFFu;
-    for (int y = 0; y < out.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(out.scanLine(y));
-        for (int x = 0; x < out.width(); ++x)
-            if ((line[x] & 0xFFFFFFu) == keyRgb)
-                line[x] = 0;
-    }
-    return out;
-}
-
-QImage Grayed(const QImage& picture)
-{
-    QImage out = picture.convertToFormat(QImage::Format_ARGB32);
-    for (int y = 0; y < out.height(); ++y) {
-        auto* line = reinterpret_cast<QRgb*>(out.scanLine(y));
-        for (int x = 0; x < out.width(); ++x) {
-            const int g = qGray(line[x]);
-            line[x] = qRgba(g, g, g, qAlpha(line[x]));
-        }
-    }
-    return out;
 }
 
 QImage Lightened(const QImage& picture)
@@ -106,18 +76,6 @@ QColor QzColorToQColor(TColor color)
     return QColor(int(bits & 0xFFu), int((bits >> 8) & 0xFFu), int((bits >> 16) & 0xFFu));
 }
 
-QImage QzDecodeImage(const TQzPkgImagesImage& image)
-{
-    if (image.Empty())
-        return {};
-    const QByteArray bytes = QByteArray::fromRawData(image.PictureData().data(), qsizetype(image.PictureData().size()));
-    const AnsiString format = UpperCase(QzGraphicFormatName(image.GraphicClass()));
-    QImage picture = QImage::fromData(bytes, format.empty() ? nullptr : format.c_str());
-    if (picture.isNull() && !format.empty())
-        picture = QImage::fromData(bytes);  // the class may not match the bytes
-    return picture;
-}
-
 void QzDrawImage(QPainter* canvas, const QRect& rect, const TQzMemoryImage* memoryImage, TColor backColor,
                  TColor transparentColor, bool grayed, TQzImageState state, bool transparent, bool stretch,
                  int width, int height, bool proportional)
@@ -129,20 +87,23 @@ void QzDrawImage(QPainter* canvas, const QRect& rect, const TQzMemoryImage* memo
     const TQzPkgImagesImage* image = memoryImage ? memoryImage->Image() : nullptr;
     if (image == nullptr)
         return;
-    QImage picture = QzDecodeImage(*image);
+    // The picture code decodes by content and cuts away the image's own mask
+    // before keying on a colour.
+    TQzDrawOptions options;
+    options.Transparent = transparent;
+    options.TransparentColor = transparentColor;
+    options.Disabled = grayed || state == isDisabled;
+    QImage picture = QzPreparedPicture(*image, options);
     if (picture.isNull())
         return;
-    if (transparent)
-        picture = Transparented(picture, transparentColor);
-    if (grayed || state == isDisabled)
-        picture = Grayed(picture);
-    else if (state == isHot)
+    if (state == isHot && !options.Disabled)
         picture = Lightened(picture);
     QRect target = Target(rect, picture.size(), stretch, width, height, proportional);
     if (state == isDown)
         target.translate(1, 1);
     canvas->save();
     canvas->setClipRect(rect, Qt::IntersectClip);
+    canvas->setRenderHint(QPainter::SmoothPixmapTransform, target.size() != picture.size());
     canvas->drawImage(target, picture);
     canvas->restore();
 }
