@@ -255,6 +255,7 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
             const QRect button(r.right() - 17, r.top() + 2, 16, r.height() - 4);
             p.fillRect(button, pal.color(QPalette::Button));
             DrawFrame(p, button, true);
+            p.setPen(pal.color(QPalette::Text));
             p.drawText(button, Qt::AlignCenter, QStringLiteral("\u25BE"));
             p.drawText(textRect.adjusted(0, 0, -18, 0), Qt::AlignLeft | Qt::AlignVCenter, shown);
         } else if (look == TQzLook::Edit) {

@@ -15,11 +15,11 @@ object MainForm: TQzCForm
   PixelsPerInch = 96
   TextHeight = 13
   object QzCApplication1: TQzCApplication
-    Left = 8
+    Left = 40
     Top = 318
   end
   object PkgStrings: TQzPkgStrings
-    Left = 48
+    Left = 140
     Top = 318
     PkgName = 'DEMO'
     Data = {
@@ -36,7 +36,7 @@ object MainForm: TQzCForm
       656E1400000000080001000100}
   end
   object PkgImages: TQzPkgImages
-    Left = 88
+    Left = 240
     Top = 318
     PkgName = 'DEMO'
   end

@@ -62,7 +62,7 @@ object OptionsForm: TQzCForm
   object ListRecent: TQzListBox
     Left = 16
     Top = 164
-    Width = 200
+    Width = 180
     Height = 60
     TabOrder = 2
     Items = <>

@@ -148,7 +148,7 @@ TEST_F(TIdeTest, SurfaceDrawsControlsWithinTheirParentsAndIconsAtTheirPlace)
     EXPECT_TRUE(surface->SurfaceRect(Find("Pages")).contains(sheet));
     EXPECT_EQ(surface->SurfaceRect(Find("ButtonSave")), QRect(client + QPoint(336, 324), QSize(75, 25)));
     // Non-visual components sit where the form file put them.
-    EXPECT_EQ(surface->SurfaceRect(Find("PkgStrings")).topLeft(), client + QPoint(48, 318));
+    EXPECT_EQ(surface->SurfaceRect(Find("PkgStrings")).topLeft(), client + QPoint(140, 318));
     EXPECT_EQ(surface->ComponentAt(surface->SurfaceRect(Find("PkgStrings")).center()), Find("PkgStrings"));
     // Only the active sheet's controls can be hit.
     EXPECT_NE(surface->ComponentAt(surface->SurfaceRect(Find("MemoNotes")).center()), Find("MemoNotes"));

@@ -1,0 +1,142 @@
+// The designer host: opening a project of 200 forms (the forms are listed,
+// the first is read and shown), switching between forms, and filling the
+// object inspector for a control with about forty properties. Figures are
+// in docs/performance.md ("Designer host").
+
+#include "ide/QzIdeDesigner.h"
+#include "ide/QzIdeProject.h"
+#include "ide/QzInspector.h"
+#include "ide/QzMainWindow.h"
+#include "ide/QzPackageLoader.h"
+
+#include "runtime/components/QzComponentsReg.h"
+#include "vcl/QzScriptedDialogs.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+namespace {
+
+QApplication& App()
+{
+    static int argc = 1;
+    static char name[] = "bench_ide";
+    static char* argv[] = {name, nullptr};
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    static QApplication* app = [] {
+        auto* a = new QApplication(argc, argv);
+        RegisterQzComponentClasses();
+        QzLoadDesignPackage(QCoreApplication::applicationDirPath() + "/../ide");
+        return a;
+    }();
+    return *app;
+}
+
+QString DemoForm(const char* name)
+{
+    return QFileInfo(QStringLiteral(__FILE__)).absoluteDir().filePath(QStringLiteral("../examples/demo/") + name);
+}
+
+// A folder of 200 units, each with a copy of the demo's options form.
+const QTemporaryDir& Project200()
+{
+    static QTemporaryDir dir;
+    static bool made = false;
+    if (!made) {
+        made = true;
+        QFile source(DemoForm("Options.dfm"));
+        source.open(QIODevice::ReadOnly);
+        const QByteArray form = source.readAll();
+        for (int i = 1; i <= 200; ++i) {
+            const QString unit = QStringLiteral("Unit%1").arg(i, 3, 10, QLatin1Char('0'));
+            QFile cpp(dir.filePath(unit + ".cpp"));
+            cpp.open(QIODevice::WriteOnly);
+            cpp.write("// unit\n");
+            QFile dfm(dir.filePath(unit + ".dfm"));
+            dfm.open(QIODevice::WriteOnly);
+            QByteArray renamed = form;
+            renamed.replace("object OptionsForm:", "object Form" + QByteArray::number(i) + ":");
+            dfm.write(renamed);
+        }
+    }
+    return dir;
+}
+
+void BM_OpenProject200(benchmark::State& state)
+{
+    App();
+    const QString path = Project200().path();
+    TQzScriptedDialogs dialogs;
+    TQzDialogsScope scope(dialogs);
+    TQzMainWindow window;
+    for (auto _ : state) {
+        window.OpenProject(path);
+        benchmark::DoNotOptimize(window.CurrentDesigner());
+    }
+    state.counters["forms"] = window.Project()->FormCount();
+}
+BENCHMARK(BM_OpenProject200)->Unit(benchmark::kMillisecond);
+
+// The first showing of each form reads it; later ones only switch tabs.
+void BM_ShowFormFirstTime(benchmark::State& state)
+{
+    App();
+    TQzScriptedDialogs dialogs;
+    TQzDialogsScope scope(dialogs);
+    TQzMainWindow window;
+    window.OpenProject(Project200().path());
+    int next = 1;
+    for (auto _ : state) {
+        if (next == window.Project()->FormCount()) {
+            state.PauseTiming();
+            window.OpenProject(Project200().path());
+            next = 1;
+            state.ResumeTiming();
+        }
+        benchmark::DoNotOptimize(window.ShowForm(next++));
+    }
+}
+BENCHMARK(BM_ShowFormFirstTime)->Unit(benchmark::kMicrosecond);
+
+void BM_SwitchOpenForms(benchmark::State& state)
+{
+    App();
+    TQzScriptedDialogs dialogs;
+    TQzDialogsScope scope(dialogs);
+    TQzMainWindow window;
+    window.OpenProject(Project200().path());
+    for (int i = 0; i < 20; ++i)
+        window.ShowForm(i);
+    int next = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(window.ShowForm(next));
+        next = (next + 7) % 20;
+    }
+}
+BENCHMARK(BM_SwitchOpenForms)->Unit(benchmark::kMicrosecond);
+
+void BM_FillInspector(benchmark::State& state)
+{
+    App();
+    TQzScriptedDialogs dialogs;
+    TQzDialogsScope scope(dialogs);
+    TQzMainWindow window;
+    window.OpenProject(DemoForm("DemoApp.bpr"));
+    TIdeDesigner* designer = window.CurrentDesigner();
+    designer->SelectComponent(designer->GetComponent("EditName"));
+    TQzInspector* inspector = window.Inspector();
+    for (auto _ : state) {
+        inspector->Rebuild();
+        benchmark::DoNotOptimize(inspector->Properties()->rowCount());
+    }
+    state.counters["rows"] = inspector->Properties()->rowCount() + inspector->Events()->rowCount();
+}
+BENCHMARK(BM_FillInspector)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
