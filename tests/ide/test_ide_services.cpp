@@ -1,0 +1,143 @@
+// The host as the design package sees it (the project services read and
+// design the forms open in the window), forms whose classes are not
+// registered, and the choice of a control's look by its class name.
+
+#include "IdeFixture.h"
+
+#include "ide/QzComponentTree.h"
+#include "ide/QzControlLook.h"
+#include "ide/QzDesignSurface.h"
+#include "ide/QzIdeProject.h"
+
+#include "designide/QzPortDsgn.h"
+
+#include "rtl/StringList.h"
+
+#include <QTabWidget>
+#include <QTest>
+#include <QUndoStack>
+
+namespace {
+
+int LineOf(const TStringList& lines, const AnsiString& text)
+{
+    for (int i = 0; i < lines.Count(); ++i)
+        if (Trim(lines.Strings(i)) == text)
+            return i;
+    return -1;
+}
+
+}  // namespace
+
+TEST_F(TIdeTest, ProjectServicesReadTheFormsOpenInTheWindow)
+{
+    EXPECT_EQ(QzGetFormCount(), 3);
+    SetOrdProp(Find("LabelCity"), GetPropInfo(Find("LabelCity"), "Top"), 77);
+    Main()->Modified();
+
+    // The open form, changed and unsaved, is what the package reads.
+    TStringList lines;
+    TStreamOriginalFormat format = sofUnknown;
+    ASSERT_TRUE(QzDelphiFormToFormText(Path("Main.dfm").toStdString(), &lines, format));
+    EXPECT_EQ(format, sofText);
+    EXPECT_GE(LineOf(lines, "Top = 77"), 0);
+
+    // A form not open yet is opened in a designer of the window.
+    ASSERT_TRUE(QzDelphiFormToFormText(Path("About.dfm").toStdString(), &lines, format));
+    EXPECT_EQ(format, sofBinary);
+    TComponent* about = QzDelphiDesignForm(Path("About.dfm").toStdString());
+    ASSERT_NE(FWindow->Project()->Designer(1), nullptr);
+    EXPECT_EQ(about, FWindow->Project()->Designer(1)->GetRoot());
+}
+
+TEST_F(TIdeTest, FormWrittenByThePackageIsReadAgainIntoItsTab)
+{
+    ASSERT_NE(FWindow->ShowForm(2), nullptr);
+    TStringList lines;
+    TStreamOriginalFormat format = sofUnknown;
+    ASSERT_TRUE(QzDelphiFormToFormText(Path("Options.dfm").toStdString(), &lines, format));
+    const int caption = LineOf(lines, "Caption = 'Options'");
+    ASSERT_GE(caption, 0);
+    lines.Put(caption, "  Caption = 'Settings'");
+    QzDelphiFormTextToForm(&lines, Path("Options.dfm").toStdString(), format);
+
+    TIdeDesigner* reread = FWindow->Project()->Designer(2);
+    ASSERT_NE(reread, nullptr);
+    EXPECT_EQ(QzFormCaption(reread->GetRoot()), "Settings");
+    EXPECT_EQ(FWindow->CurrentDesigner(), reread);
+    EXPECT_NE(FWindow->SurfaceOf(reread), nullptr);
+    EXPECT_EQ(FWindow->FormTabs()->count(), 2);
+    EXPECT_TRUE(QFile::exists(Path("Options.~dfm")));
+}
+
+// A form of classes nobody registered still opens: drawn from its values,
+// kept as it was, deletable with undo, but not moved.
+TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
+{
+    QTemporaryDir dir;
+    const std::string form =
+        "object Foreign: TForeignForm\r\n"
+        "  ClientWidth = 300\r\n"
+        "  ClientHeight = 200\r\n"
+        "  Caption = 'Foreign'\r\n"
+        "  object Grid1: TMyGrid\r\n"
+        "    Left = 10\r\n"
+        "    Top = 20\r\n"
+        "    Width = 150\r\n"
+        "    Height = 60\r\n"
+        "    Caption.PkgName = 'DEMO'\r\n"
+        "    Caption.Id = 7\r\n"
+        "  end\r\n"
+        "  object Timer1: TMyTimer\r\n"
+        "    Left = 200\r\n"
+        "    Top = 120\r\n"
+        "  end\r\n"
+        "end\r\n";
+    WriteBytes(dir.filePath("Foreign.cpp"), "// unit\n");
+    WriteBytes(dir.filePath("Foreign.dfm"), form);
+    ASSERT_TRUE(FWindow->OpenProject(dir.path()));
+    TIdeDesigner* d = FWindow->CurrentDesigner();
+    ASSERT_NE(d, nullptr);
+    TQzDesignSurface* s = FWindow->SurfaceOf(d);
+    TComponent* grid = d->GetComponent("Grid1");
+    TComponent* timer = d->GetComponent("Timer1");
+    ASSERT_TRUE(grid && timer);
+
+    EXPECT_EQ(QzClientSize(d->GetRoot()), QSize(300, 200));
+    EXPECT_EQ(QzFormCaption(d->GetRoot()), "Foreign");
+    EXPECT_TRUE(QzIsControl(grid));
+    EXPECT_FALSE(QzIsControl(timer));
+    EXPECT_EQ(s->SurfaceRect(grid), QRect(s->ClientOrigin() + QPoint(10, 20), QSize(150, 60)));
+    EXPECT_EQ(s->SurfaceRect(timer).topLeft(), s->ClientOrigin() + QPoint(200, 120));
+    EXPECT_EQ(QzTextValue(grid, "Caption"), "(7, DEMO)");
+    EXPECT_EQ(FWindow->Tree()->ItemOf(grid)->text(0), "Grid1: TMyGrid");
+
+    // Nothing to set: a nudge changes nothing and records nothing.
+    d->SelectComponent(grid);
+    QTest::keyClick(s, Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(d->UndoStack()->count(), 0);
+    EXPECT_EQ(d->Form().FormText(), form);
+
+    // Deleting and undoing brings it back as it was.
+    QTest::keyClick(s, Qt::Key_Delete);
+    EXPECT_EQ(d->GetComponent("Grid1"), nullptr);
+    d->UndoStack()->undo();
+    EXPECT_EQ(d->Form().FormText(), form);
+    d->Form().ClearModified();
+}
+
+TEST(QzControlLook, LookChosenByTheMostSpecificNamePart)
+{
+    const std::pair<const char*, TQzLook> cases[] = {
+        {"TQzLabel", TQzLook::Label},         {"TQzDBCheckBox", TQzLook::CheckBox},
+        {"TQzEdit", TQzLook::Edit},           {"TQzDBEdit", TQzLook::Edit},
+        {"TQzBitBtn", TQzLook::Button},       {"TQzSpeedButton", TQzLook::Button},
+        {"TQzRadioButton", TQzLook::RadioButton}, {"TQzRadioGroup", TQzLook::GroupBox},
+        {"TQzComboBox", TQzLook::ComboBox},   {"TQzRichEdit", TQzLook::Memo},
+        {"TQzPageControl", TQzLook::PageControl}, {"TQzTabSheet", TQzLook::TabSheet},
+        {"TQzPkgImage", TQzLook::Image},      {"TQzPanel", TQzLook::Panel},
+        {"TMyTimer", TQzLook::Box},
+    };
+    for (const auto& [name, look] : cases)
+        EXPECT_EQ(QzLookOf(name), look) << name;
+}
