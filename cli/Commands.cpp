@@ -1,6 +1,10 @@
 #include "cli/Commands.h"
 
 #include "cli/ConvertCommand.h"
+#ifdef QZ_CLI_DESIGN
+#include "cli/PackageFileCommands.h"
+#include "cli/RegistrationsCommand.h"
+#endif
 
 #include <cstring>
 #include <functional>
@@ -14,6 +18,14 @@ const char* const Usage =
     "Commands:\n"
     "  convert --to text|binary|resource [options] IN OUT\n"
     "      Converts a form file between its text, binary and resource formats.\n"
+#ifdef QZ_CLI_DESIGN
+    "  registrations\n"
+    "      Lists the design package's registration calls, one a line.\n"
+    "  info FILE\n"
+    "      Shows a package file's kind, description and item counts.\n"
+    "  dump FILE\n"
+    "      Prints a package file's items as text, one a line.\n"
+#endif
     "\n"
     "Run 'qzpkg COMMAND --help' for the options of a command.\n";
 
@@ -27,6 +39,11 @@ int RunCommand(const std::vector<std::string>& args, std::FILE* out, std::FILE* 
     }
     const std::map<std::string, std::function<int(const std::vector<std::string>&, std::FILE*, std::FILE*)>> commands = {
         {"convert", RunConvert},
+#ifdef QZ_CLI_DESIGN
+        {"registrations", RunRegistrations},
+        {"info", RunPackageInfo},
+        {"dump", RunPackageDump},
+#endif
     };
     auto it = commands.find(args[0]);
     if (it == commands.end()) {

@@ -1,0 +1,81 @@
+// qzpkg registrations as a user runs it: the design package's calls, one a
+// line, the same every time.
+
+#ifdef QZ_CLI_DESIGN
+
+#include "cli/Commands.h"
+#include "designide/DesignIntf.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace {
+
+struct TRun {
+    int Code;
+    std::string Out, Err;
+};
+
+TRun Qzpkg(const std::vector<std::string>& args)
+{
+    std::FILE* out = std::tmpfile();
+    std::FILE* err = std::tmpfile();
+    const int code = RunCommand(args, out, err);
+    const auto slurp = [](std::FILE* f) {
+        std::string s;
+        std::rewind(f);
+        for (int c; (c = std::fgetc(f)) != EOF;)
+            s.push_back(char(c));
+        std::fclose(f);
+        return s;
+    };
+    return {code, slurp(out), slurp(err)};
+}
+
+std::vector<std::string> LinesOf(const std::string& text)
+{
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+TEST(RegistrationsCommand, ListsEveryCallOnceATimeInOrder)
+{
+    const TRun first = Qzpkg({"registrations"});
+    ASSERT_EQ(first.Code, 0) << first.Err;
+    EXPECT_EQ(first.Err, "");
+    const auto lines = LinesOf(first.Out);
+    ASSERT_EQ(lines.size(), 100u);
+    EXPECT_EQ(lines[0].rfind("RegisterComponents\tQz Standard\tTQzCApplication,TQzCForm,", 0), 0u);
+    EXPECT_EQ(lines[3].substr(lines[3].size() - 3), "\t12");
+    EXPECT_EQ(lines[4], "RegisterPropertyEditor\tTQzMultiLine\tnil\t\tTQzMultiLinePropertyEditor");
+    EXPECT_EQ(lines[14], "RegisterPropertyEditor\tInteger\tTQzPen\tWidth\tTQzWideProperty");
+    EXPECT_EQ(lines[99], "RegisterPropertyEditor\tVariant\tTQzFontComboBox\tValue\tTQzEditVariantPropertyEditor");
+    // The data-aware page control's collections are bound twice, both listed.
+    const std::string twice = "RegisterPropertyEditor\tTQzCollection\tTQzDbPageControl\t\tTQzCollectionPropertyEditor";
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), twice), 2);
+
+    // The listing does not pile up, and leaves the registry as it found it.
+    const TRun second = Qzpkg({"registrations"});
+    EXPECT_EQ(second.Out, first.Out);
+    EXPECT_TRUE(DesignRegistry().Records().empty());
+}
+
+TEST(RegistrationsCommand, ExplainsItselfAndRefusesArguments)
+{
+    const TRun help = Qzpkg({"registrations", "--help"});
+    EXPECT_EQ(help.Code, 0);
+    EXPECT_NE(help.Out.find("Usage: qzpkg registrations"), std::string::npos);
+    const TRun extra = Qzpkg({"registrations", "now"});
+    EXPECT_EQ(extra.Code, 1);
+    EXPECT_EQ(extra.Out, "");
+    EXPECT_NE(extra.Err.find("unexpected argument 'now'"), std::string::npos) << extra.Err;
+    EXPECT_NE(Qzpkg({"--help"}).Out.find("registrations"), std::string::npos);
+}
+
+}  // namespace
+
+#endif
