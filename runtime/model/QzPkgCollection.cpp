@@ -165,6 +165,12 @@ TQzPkgIdItem::TQzPkgIdItem(TQzPkgIdCollection* collection, Integer id) : TQzPkgI
         static_cast<TQzPkgCollection*>(collection)->InsertItem(this);
 }
 
+TQzPkgIdItem::~TQzPkgIdItem()
+{
+    if (TQzPkgCollection* collection = Collection())
+        collection->RemoveItem(this);
+}
+
 void TQzPkgIdItem::SetId(Integer value)
 {
     if (value == FId)

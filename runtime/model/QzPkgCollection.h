@@ -95,6 +95,9 @@ class TQzPkgIdItem : public TQzPkgItem {
     QZ_CLASS(TQzPkgIdItem, TQzPkgItem)
 
 public:
+    // Leaves its list while it is still an Id item, so the Id index is kept.
+    ~TQzPkgIdItem() override;
+
     Integer Id() const { return FId; }
     // Raises EQzPkgError for a negative Id or one another item of the
     // collection has, and leaves the item as it was.
