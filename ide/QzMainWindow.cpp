@@ -161,6 +161,7 @@ bool TQzMainWindow::OpenProject(const QString& path)
         for (auto it = FSurfaces.begin(); it != FSurfaces.end();) {
             if (FormIndexOf(it->first) < 0) {
                 const int tab = TabOf(it->first);
+                FUndo->removeStack(it->first->UndoStack());
                 if (tab >= 0)
                     delete FTabs->widget(tab);
                 it = FSurfaces.erase(it);
