@@ -74,16 +74,12 @@ protected:
     fs::path Dir;
 };
 
-TEST_F(PackageFileCommands, StringsShowTheirCountsAndEveryItemOnALine)
+TEST_F(PackageFileCommands, StringsShowTheirCountsAndEveryItemOnALineWithAwkwardTextsEscaped)
 {
     const std::string file = StringsFile();
-    const TRun info = Qzpkg({"info", file});
-    ASSERT_EQ(info.Code, 0) << info.Err;
-    EXPECT_EQ(info.Out, "File: " + file + "\nKind: Strings\nDescription: Main texts\nLabels: 2\nMessages: 1\nTexts: 1\n");
-
-    const TRun dump = Qzpkg({"dump", file});
-    ASSERT_EQ(dump.Code, 0) << dump.Err;
-    EXPECT_EQ(dump.Out,
+    EXPECT_EQ(Qzpkg({"info", file}).Out,
+              "File: " + file + "\nKind: Strings\nDescription: Main texts\nLabels: 2\nMessages: 1\nTexts: 1\n");
+    EXPECT_EQ(Qzpkg({"dump", file}).Out,
               "label\t1\tSave\tSaves the file\n"
               "label\t2\tTab\\there\t\n"
               "message\t5\tLine one\\r\\nLine two\n"
@@ -184,9 +180,7 @@ TEST_F(PackageFileCommands, TheCommandsTakeExactlyOneFile)
     for (const char* command : {"info", "dump"}) {
         EXPECT_EQ(Qzpkg({command}).Code, 1);
         EXPECT_EQ(Qzpkg({command, "a", "b"}).Code, 1);
-        const TRun help = Qzpkg({command, "--help"});
-        EXPECT_EQ(help.Code, 0);
-        EXPECT_NE(help.Out.find(std::string("Usage: qzpkg ") + command + " FILE"), std::string::npos);
+        EXPECT_NE(Qzpkg({command, "--help"}).Out.find(std::string("Usage: qzpkg ") + command + " FILE"), std::string::npos);
     }
 }
 

@@ -2,8 +2,6 @@
 
 #include "rtl/ComponentStream.h"
 
-TRgHolder::TRgHolder(TComponent* owner) : TComponent(owner) {}
-
 void TRgHolder::DeclareProperties(TClassBuilder<TRgHolder>& b)
 {
     b.Property("Caption", [](TRgHolder& h) { return &h.FCaption; });
@@ -16,8 +14,8 @@ void TRgHolder::DeclareProperties(TClassBuilder<TRgHolder>& b)
     b.Property("Privilege", [](TRgHolder& h) { return &h.FPrivilege; });
     b.Property("Mask", [](TRgHolder& h) { return &h.FMask; });
     b.Property("Lines", TypeInfo_TQzMultiLine(), &TRgHolder::FLines);
-    b.Property("ModalResult", &TRgHolder::FModalResult).Default(0);
-    b.Property("Width", &TRgHolder::FWidth).Default(1);
+    b.Property("ModalResult", &TRgHolder::FModalResult);
+    b.Property("Width", &TRgHolder::FWidth);
     b.Property("GraphicClass", &TRgHolder::FGraphicClass);
     b.Property("PkgName", &TRgHolder::FPkgName);
     b.Property("Path", &TRgHolder::FPath);
@@ -27,18 +25,6 @@ void TRgHolder::DeclareProperties(TClassBuilder<TRgHolder>& b)
     b.Enum("DataType", TypeInfo_TQzDataType(), &TRgHolder::FDataType, nullptr, qdtString);
     b.Enum("InitMode", TypeInfo_TQzRegisterInitMode(), &TRgHolder::FInitMode, nullptr, imDFM);
     b.Property("Partner", &TRgHolder::FPartner);
-}
-
-void TRgHolder::Notification(TComponent* component, TOperation operation)
-{
-    TComponent::Notification(component, operation);
-    if (operation == opRemove && component == FPartner)
-        FPartner = nullptr;
-}
-
-void TRgPlain::DeclareProperties(TClassBuilder<TRgPlain>& b)
-{
-    b.Property("Value", &TRgPlain::FValue);
 }
 
 void TRgMasked::DeclareProperties(TClassBuilder<TRgMasked>& b)
@@ -51,17 +37,16 @@ void RegisterRgClasses()
 {
     RegisterComponentStreamClasses();
     RegisterClass(ClassOf<TRgHolder>());
-    RegisterClass(ClassOf<TRgPlain>());
 }
 
-std::unique_ptr<TFormDesigner> MakeHolderForm()
+THolderFormTest::THolderFormTest()
 {
     RegisterRgClasses();
     auto root = std::make_unique<TComponent>(nullptr);
     root->SetName("Form1");
     for (const char* name : {"H1", "H2", "H3"})
         (new TRgHolder(root.get()))->SetName(name);
-    return std::make_unique<TFormDesigner>(std::move(root));
+    Form = std::make_unique<TFormDesigner>(std::move(root));
 }
 
 std::vector<AnsiString> ValuesOf(TPropertyEditor& editor)
@@ -81,13 +66,15 @@ std::vector<AnsiString> VerbsOf(TComponentEditor& editor)
 
 AnsiString AttributesText(TPropertyAttributes attributes)
 {
-    static const char* const names[] = {
-        "paValueList",   "paSubProperties",         "paDialog", "paMultiSelect",    "paAutoUpdate",
-        "paSortList",    "paReadOnly",              "paRevertable", "paFullWidthName", "paVolatileSubProperties",
-        "paVCL",         "paNotNestable",           "paDisplayReadOnly", "paCustomDropDown", "paValueEditable"};
+    static const char* const names[] = {"paValueList", "paSubProperties", "paDialog", "paMultiSelect", "paAutoUpdate",
+                                        "paSortList", "paReadOnly", "paRevertable"};
     AnsiString text;
-    for (int i = 0; i <= paValueEditable; ++i)
+    for (int i = 0; i < static_cast<int>(std::size(names)); ++i)
         if (attributes.Contains(static_cast<TPropertyAttribute>(i)))
             text += (text.empty() ? "" : ",") + AnsiString(names[i]);
+    // The rarer attributes by number, so none goes unnoticed.
+    for (int i = static_cast<int>(std::size(names)); i <= paValueEditable; ++i)
+        if (attributes.Contains(static_cast<TPropertyAttribute>(i)))
+            text += ",#" + IntToStr(i);
     return text;
 }

@@ -1,13 +1,14 @@
 #pragma once
 // A component that publishes one property of every type the design
-// package's property editors serve, so the editors can be tried on their
-// own; and the helpers that build an editor over some of them, the way the
-// object inspector does.
+// package's editors serve, so each editor can be tried on its own, and the
+// helpers that build an editor over some of them as the inspector does.
 
 #include "designide/DesignEditors.h"
 #include "designide/FormDesigner.h"
 #include "runtime/model/QzMask.h"
 #include "runtime/model/QzMemory.h"
+
+#include <gtest/gtest.h>
 
 #include <memory>
 #include <vector>
@@ -16,9 +17,9 @@ class TRgHolder : public TComponent {
     QZ_CLASS(TRgHolder, TComponent)
 
 public:
-    explicit TRgHolder(TComponent* owner);
+    using TComponent::TComponent;
 
-    TQzMemoryLabel FCaption{"", -1, false};
+    TQzMemoryLabel FCaption;
     TQzMemoryMessage FMessage;
     TQzMemoryText FText;
     TQzMemoryImage FImage;
@@ -27,35 +28,17 @@ public:
     TQzSetColor FSetColor;
     TQzPrivilege FPrivilege;
     TQzMask FMask;
-    AnsiString FLines;              // TQzMultiLine
+    AnsiString FLines;   // a TQzMultiLine
     Integer FModalResult = 0;
     Integer FWidth = 1;
-    AnsiString FGraphicClass;
-    AnsiString FPkgName;
-    AnsiString FPath;
-    AnsiString FDataSource;
-    AnsiString FDataField;
+    AnsiString FPkgName, FPath, FDataSource, FDataField, FGraphicClass;
     Variant FValue;
     TQzDataType FDataType = qdtString;
     TQzRegisterInitMode FInitMode = imDFM;
     TComponent* FPartner = nullptr;
 
-    void Notification(TComponent* component, TOperation operation) override;
-
 private:
     static void DeclareProperties(TClassBuilder<TRgHolder>& b);
-};
-
-// The same without a DataType: its values are texts.
-class TRgPlain : public TComponent {
-    QZ_CLASS(TRgPlain, TComponent)
-
-public:
-    using TComponent::TComponent;
-    Variant FValue;
-
-private:
-    static void DeclareProperties(TClassBuilder<TRgPlain>& b);
 };
 
 // A control whose data type is its mask's.
@@ -73,9 +56,6 @@ private:
 
 void RegisterRgClasses();
 
-// A form "Form1" with holders "H1", "H2", "H3" under a designer.
-std::unique_ptr<TFormDesigner> MakeHolderForm();
-
 // An editor of class E over property `prop` of every object in `objects`.
 template <class E>
 std::unique_ptr<E> EditorOn(IDesigner* designer, const std::vector<TPersistent*>& objects, const AnsiString& prop)
@@ -86,6 +66,23 @@ std::unique_ptr<E> EditorOn(IDesigner* designer, const std::vector<TPersistent*>
     editor->Initialize();
     return editor;
 }
+
+// A form "Form1" holding H1, H2 and H3 under a designer.
+class THolderFormTest : public ::testing::Test {
+protected:
+    THolderFormTest();
+    TRgHolder* H(const char* name) const { return dynamic_cast<TRgHolder*>(Form->GetComponent(name)); }
+    template <class E>
+    std::unique_ptr<E> On(const AnsiString& prop, std::vector<const char*> names = {"H1"})
+    {
+        std::vector<TPersistent*> objects;
+        for (const char* n : names)
+            objects.push_back(H(n));
+        return EditorOn<E>(Form.get(), objects, prop);
+    }
+
+    std::unique_ptr<TFormDesigner> Form;
+};
 
 std::vector<AnsiString> ValuesOf(TPropertyEditor& editor);
 std::vector<AnsiString> VerbsOf(TComponentEditor& editor);

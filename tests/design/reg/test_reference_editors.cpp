@@ -15,146 +15,101 @@
 
 namespace {
 
-// A window in place of a dialog: records what it was given, does what the
-// test asks to the target, and answers.
+// A window in place of a dialog: records what it was given, acts on its
+// target as the test says, and answers Result.
 struct TFakeDialog {
-    int Result = 1;
-    std::function<void(TQzEditorDialogRequest&)> Act;
-    std::vector<TQzEditorDialogRequest> Requests;
-
-    TQzEditorDialogOpener Opener()
+    TFakeDialog(TQzEditorDialog kind, int result = 1, std::function<void(TQzEditorDialogRequest&)> act = {})
+        : Scope(kind, [this, result, act](TQzEditorDialogRequest& r) {
+              Requests.push_back(r);
+              if (act)
+                  act(r);
+              return result;
+          })
     {
-        return [this](TQzEditorDialogRequest& request) {
-            Requests.push_back(request);
-            if (Act)
-                Act(request);
-            return Result;
-        };
     }
+    std::vector<TQzEditorDialogRequest> Requests;
+    TQzEditorDialogScope Scope;
 };
 
-class ReferenceEditors : public ::testing::Test {
+class ReferenceEditors : public THolderFormTest {
 protected:
-    void SetUp() override
+    ReferenceEditors()
     {
-        TComponent* root = Form->GetRoot();
-        App = new TQzCApplication(root);
-        App->SetName("App");
-        auto* strings = new TQzPkgStrings(root);
-        strings->SetName("Strings");
-        strings->SetPkgName("MAIN");
-        strings->Labels()->Add(12, "Save", "Saves the file");
-        strings->Labels()->Add(13, "Open");
-        strings->Messages()->Add(3, "Really?");
-        strings->Texts()->Add(5, "Once upon a time");
+        App = new TQzCApplication(Form->GetRoot());
+        Strings = new TQzPkgStrings(Form->GetRoot());
+        Strings->SetPkgName("MAIN");
+        Strings->Labels()->Add(12, "Save", "Saves the file");
+        Strings->Labels()->Add(13, "Open");
+        Strings->Messages()->Add(3, "Really?");
+        Strings->Texts()->Add(5, "Once upon a time");
         App->Privileges()->Add(4)->SetDescription("Managers");
         App->Privileges()->Add(5)->SetAccess(qaR);
     }
 
-    TRgHolder* Holder(const char* name) { return dynamic_cast<TRgHolder*>(Form->GetComponent(name)); }
-
-    template <class E>
-    std::unique_ptr<E> On(const AnsiString& prop, std::vector<const char*> names = {"H1"})
-    {
-        std::vector<TPersistent*> objects;
-        for (const char* n : names)
-            objects.push_back(Form->GetComponent(n));
-        return EditorOn<E>(Form.get(), objects, prop);
-    }
-
-    std::unique_ptr<TFormDesigner> Form = MakeHolderForm();
-    TQzCApplication* App = nullptr;
+    TQzCApplication* App;
+    TQzPkgStrings* Strings;
 };
 
-TEST_F(ReferenceEditors, MemoryReferencesShowIdPackageAndText)
+TEST_F(ReferenceEditors, ReferencesShowIdPackageAndWhatTheyLeadTo)
 {
     const struct {
         Integer Id;
-        const char* Label;
-        const char* Message;
-        const char* Text;
-        const char* Image;
+        const char *Label, *Message, *Text, *Image;
     } cases[] = {
         {12, "(12, MAIN) Save - Saves the file", "(12, MAIN) ", "(12, MAIN) ", "(12, MAIN)"},
         {13, "(13, MAIN) Open", "(13, MAIN) ", "(13, MAIN) ", "(13, MAIN)"},
         {3, "(3, MAIN) ", "(3, MAIN) Really?", "(3, MAIN) ", "(3, MAIN)"},
         {5, "(5, MAIN) ", "(5, MAIN) ", "(5, MAIN) Once upon a time", "(5, MAIN)"},
-        {0, "(0, MAIN) ", "(0, MAIN) ", "(0, MAIN) ", "(0, MAIN)"},
         {-2, "(Default)", "(Default)", "(Default)", "(Default)"},
-        {-1, "(None)", "(None)", "(None)", "(None)"},
         {-7, "(None)", "(None)", "(None)", "(None)"},
     };
-    TRgHolder* h = Holder("H1");
-    auto label = On<TQzMemoryLabelPropertyEditor>("Caption");
-    auto message = On<TQzMemoryMessagePropertyEditor>("Message");
-    auto text = On<TQzMemoryTextPropertyEditor>("Text");
-    auto image = On<TQzMemoryImagePropertyEditor>("Image");
+    TRgHolder* h = H("H1");
     for (const auto& c : cases) {
-        h->FCaption.PkgId("MAIN", c.Id);
-        h->FMessage.PkgId("MAIN", c.Id);
-        h->FText.PkgId("MAIN", c.Id);
-        h->FImage.PkgId("MAIN", c.Id);
+        for (TQzMemoryRef* ref : std::initializer_list<TQzMemoryRef*>{&h->FCaption, &h->FMessage, &h->FText, &h->FImage})
+            ref->PkgId("MAIN", c.Id);
         SCOPED_TRACE(c.Id);
-        EXPECT_EQ(label->GetValue(), c.Label);
-        EXPECT_EQ(message->GetValue(), c.Message);
-        EXPECT_EQ(text->GetValue(), c.Text);
-        EXPECT_EQ(image->GetValue(), c.Image);
+        EXPECT_EQ(On<TQzMemoryLabelPropertyEditor>("Caption")->GetValue(), c.Label);
+        EXPECT_EQ(On<TQzMemoryMessagePropertyEditor>("Message")->GetValue(), c.Message);
+        EXPECT_EQ(On<TQzMemoryTextPropertyEditor>("Text")->GetValue(), c.Text);
+        EXPECT_EQ(On<TQzMemoryImagePropertyEditor>("Image")->GetValue(), c.Image);
     }
-}
-
-TEST_F(ReferenceEditors, AnObjectOfAnotherKindShowsNothing)
-{
+    // An object of another kind shows nothing.
     EXPECT_EQ(On<TQzMemoryLabelPropertyEditor>("Message")->GetValue(), "");
-    EXPECT_EQ(On<TQzMemoryImagePropertyEditor>("Caption")->GetValue(), "");
     EXPECT_EQ(On<TQzSetFontProperty>("SetColor")->GetValue(), "");
-    EXPECT_EQ(On<TQzPrivilegeProperty>("Caption")->GetValue(), "");
 }
 
-TEST_F(ReferenceEditors, AnAcceptedDialogGivesEverySelectedControlTheFirstOnesReference)
+TEST_F(ReferenceEditors, OnlyAnAcceptedDialogGivesEverySelectionTheFirstOnesReference)
 {
-    TFakeDialog dialog;
-    dialog.Act = [](TQzEditorDialogRequest& request) { dynamic_cast<TQzMemoryLabel*>(request.Target)->PkgId("MAIN", 12); };
-    TQzEditorDialogScope scope(TQzEditorDialog::MemoryLabel, dialog.Opener());
-    Holder("H3")->FCaption.PkgId("OTHER", 1);
-    Form->ClearModified();
-
-    On<TQzMemoryLabelPropertyEditor>("Caption", {"H1", "H2", "H3"})->Edit();
-
-    ASSERT_EQ(dialog.Requests.size(), 1u);
-    EXPECT_EQ(dialog.Requests[0].Target, &Holder("H1")->FCaption) << "the live object, not a copy";
-    for (const char* name : {"H1", "H2", "H3"}) {
-        EXPECT_EQ(Holder(name)->FCaption.PkgName(), "MAIN") << name;
-        EXPECT_EQ(Holder(name)->FCaption.Id(), 12) << name;
+    H("H3")->FCaption.PkgId("OTHER", 1);
+    auto editor = On<TQzMemoryLabelPropertyEditor>("Caption", {"H1", "H2", "H3"});
+    const auto pick = [](TQzEditorDialogRequest& r) { dynamic_cast<TQzMemoryLabel*>(r.Target)->PkgId("MAIN", 12); };
+    {
+        TFakeDialog cancelled(TQzEditorDialog::MemoryLabel, 2, pick);
+        Form->ClearModified();
+        editor->Edit();
+        EXPECT_EQ(H("H3")->FCaption.PkgName(), "OTHER");
+        EXPECT_FALSE(Form->IsModified());
     }
+    TFakeDialog accepted(TQzEditorDialog::MemoryLabel, 1, pick);
+    editor->Edit();
+    ASSERT_EQ(accepted.Requests.size(), 1u);
+    EXPECT_EQ(accepted.Requests[0].Target, &H("H1")->FCaption) << "the live object, not a copy";
+    for (const char* name : {"H2", "H3"})
+        EXPECT_EQ(H(name)->FCaption.Id(), 12) << name;
     EXPECT_TRUE(Form->IsModified());
 }
 
-TEST_F(ReferenceEditors, ACancelledDialogLeavesTheOtherControlsAndTheFormAlone)
+TEST_F(ReferenceEditors, WithoutAnApplicationOrAWindowNothingChanges)
 {
-    TFakeDialog dialog;
-    dialog.Result = 2;
-    TQzEditorDialogScope scope(TQzEditorDialog::MemoryImage, dialog.Opener());
-    Holder("H2")->FImage.PkgId("PICS", 8);
-    Form->ClearModified();
-
-    On<TQzMemoryImagePropertyEditor>("Image", {"H1", "H2"})->Edit();
-
-    EXPECT_EQ(dialog.Requests.size(), 1u);
-    EXPECT_EQ(Holder("H2")->FImage.PkgName(), "PICS");
-    EXPECT_EQ(Holder("H2")->FImage.Id(), 8);
+    TQzTestDialogs dialogs;
+    dialogs->AnswerMessage(mbOK);
+    On<TQzMemoryTextPropertyEditor>("Text", {"H1", "H2"})->Edit();
+    ASSERT_EQ(dialogs->Calls().size(), 1u);
+    EXPECT_EQ(dialogs->Calls()[0].Message.Text, "The memory text editor (TFrMemoryText) is not available yet.");
     EXPECT_FALSE(Form->IsModified());
-}
 
-TEST_F(ReferenceEditors, WithoutAnApplicationNoDialogOpens)
-{
     delete App;
-    App = nullptr;
-    TFakeDialog dialog;
-    const TQzEditorDialog kinds[] = {TQzEditorDialog::MemoryMessage, TQzEditorDialog::SetFont, TQzEditorDialog::Privilege};
-    std::vector<std::unique_ptr<TQzEditorDialogScope>> scopes;
-    for (TQzEditorDialog kind : kinds)
-        scopes.push_back(std::make_unique<TQzEditorDialogScope>(kind, dialog.Opener()));
-
+    TFakeDialog set(TQzEditorDialog::SetFont), privilege(TQzEditorDialog::Privilege);
     std::unique_ptr<TPropertyEditor> editors[] = {On<TQzMemoryMessagePropertyEditor>("Message"),
                                                   On<TQzSetFontProperty>("SetFont"),
                                                   On<TQzPrivilegeProperty>("Privilege")};
@@ -166,141 +121,60 @@ TEST_F(ReferenceEditors, WithoutAnApplicationNoDialogOpens)
             EXPECT_EQ(e.Message(), "Component TQzCApplication not found");
         }
     }
-    EXPECT_TRUE(dialog.Requests.empty());
+    EXPECT_TRUE(set.Requests.empty() && privilege.Requests.empty());
 }
 
-TEST_F(ReferenceEditors, AMissingDialogIsReportedAndChangesNothing)
+TEST_F(ReferenceEditors, SetsTakeTheirNameWithoutADescriptionAndCompareInAnyCase)
 {
-    ASSERT_FALSE(QzHasEditorDialog(TQzEditorDialog::MemoryText));
-    Holder("H1")->FText.PkgId("MAIN", 5);
-    Form->ClearModified();
-    TQzTestDialogs dialogs;
-    dialogs->AnswerMessage(mbOK);
-
-    On<TQzMemoryTextPropertyEditor>("Text", {"H1", "H2"})->Edit();
-
-    ASSERT_EQ(dialogs->Calls().size(), 1u);
-    EXPECT_EQ(dialogs->Calls()[0].Message.Text, "The memory text editor (TFrMemoryText) is not available yet.");
-    EXPECT_EQ(dialogs->Calls()[0].Message.Type, mtInformation);
-    EXPECT_EQ(Holder("H2")->FText.Id(), TQzMemoryRef::IdNone);
-    EXPECT_FALSE(Form->IsModified());
-}
-
-// ---------------------------------------------------------------------------
-// Display sets
-
-TEST_F(ReferenceEditors, ASetNameIsTypedWithOrWithoutItsDescription)
-{
-    const struct {
-        const char* Typed;
-        const char* Name;
-    } cases[] = {{"Bold - Titles", "Bold"}, {"Plain", "Plain"}, {"Two words - x - y", "Two words"}, {"Dash-less", "Dash"},
-                 {"- nothing", ""}, {"", ""}};
     auto editor = On<TQzSetFontProperty>("SetFont", {"H1", "H2"});
-    for (const auto& c : cases) {
-        Form->ClearModified();
-        editor->SetValue(c.Typed);
-        EXPECT_EQ(Holder("H1")->FSetFont.Name(), c.Name) << c.Typed;
-        EXPECT_EQ(Holder("H2")->FSetFont.Name(), c.Name) << c.Typed;
-        EXPECT_EQ(editor->GetValue(), c.Name);
-        EXPECT_TRUE(Form->IsModified());
+    const std::pair<const char*, const char*> cases[] = {
+        {"Bold - Titles", "Bold"}, {"Plain", "Plain"}, {"Two words - x - y", "Two words"}, {"- nothing", ""}};
+    for (const auto& [typed, name] : cases) {
+        editor->SetValue(typed);
+        EXPECT_EQ(H("H2")->FSetFont.Name(), name) << typed;
     }
-}
-
-TEST_F(ReferenceEditors, SetsAreEqualWhenTheirNamesMatchInAnyCase)
-{
-    Holder("H1")->FSetColor.SetName("Alert");
-    Holder("H2")->FSetColor.SetName("ALERT");
-    Holder("H3")->FSetColor.SetName("Calm");
+    H("H1")->FSetColor.SetName("Alert");
+    H("H2")->FSetColor.SetName("ALERT");
+    H("H3")->FSetColor.SetName("Calm");
     EXPECT_TRUE(On<TQzSetColorProperty>("SetColor", {"H1", "H2"})->AllEqual());
     EXPECT_FALSE(On<TQzSetColorProperty>("SetColor", {"H1", "H2", "H3"})->AllEqual());
-    EXPECT_TRUE(On<TQzSetColorProperty>("SetColor", {"H3"})->AllEqual());
-    EXPECT_EQ(On<TQzSetBackGroundProperty>("SetBackGround")->GetValue(), "");
 }
 
-TEST_F(ReferenceEditors, AnAcceptedSetDialogCopiesTheSetToEverySelection)
+TEST_F(ReferenceEditors, PrivilegesShowTheirAccessAndThePickedIdGoesToAll)
 {
-    TFakeDialog dialog;
-    dialog.Act = [](TQzEditorDialogRequest& request) { dynamic_cast<TQzSetRef*>(request.Target)->SetName("Wide"); };
-    TQzEditorDialogScope scope(TQzEditorDialog::SetBackGround, dialog.Opener());
-    On<TQzSetBackGroundProperty>("SetBackGround", {"H1", "H3"})->Edit();
-    EXPECT_EQ(Holder("H3")->FSetBackGround.Name(), "Wide");
-    EXPECT_EQ(Holder("H2")->FSetBackGround.Name(), "") << "not selected";
-}
-
-// ---------------------------------------------------------------------------
-// Privileges
-
-TEST_F(ReferenceEditors, PrivilegesShowIdAccessAndDescription)
-{
-    const struct {
-        Integer Id;
-        const char* Shown;
-    } cases[] = {{4, "(4, R/W) - Managers"}, {5, "(5, R)"}, {9, "(9, N)"}, {-1, "(None)"}};
-    auto editor = On<TQzPrivilegeProperty>("Privilege");
-    for (const auto& c : cases) {
-        Holder("H1")->FPrivilege.SetId(c.Id);
-        EXPECT_EQ(editor->GetValue(), c.Shown);
+    auto editor = On<TQzPrivilegeProperty>("Privilege", {"H1", "H2"});
+    const std::pair<Integer, const char*> cases[] = {{4, "(4, R/W) - Managers"}, {5, "(5, R)"}, {9, "(9, N)"}, {-1, "(None)"}};
+    for (const auto& [id, shown] : cases) {
+        H("H1")->FPrivilege.SetId(id);
+        EXPECT_EQ(editor->GetValue(), shown);
     }
+    H("H2")->FPrivilege.SetId(4);
+    EXPECT_FALSE(editor->AllEqual());
+    TFakeDialog picker(TQzEditorDialog::Privilege, 1, [](TQzEditorDialogRequest& r) { dynamic_cast<TQzPrivilege*>(r.Target)->SetId(5); });
+    editor->Edit();
+    EXPECT_EQ(picker.Requests[0].Package, App->Privileges());
+    EXPECT_EQ(H("H2")->FPrivilege.Id(), 5);
+    EXPECT_TRUE(editor->AllEqual());
 }
 
-TEST_F(ReferenceEditors, PrivilegesAreEqualByIdAndThePickedIdGoesToAll)
-{
-    Holder("H1")->FPrivilege.SetId(4);
-    Holder("H2")->FPrivilege.SetId(4);
-    Holder("H3")->FPrivilege.SetId(5);
-    EXPECT_TRUE(On<TQzPrivilegeProperty>("Privilege", {"H1", "H2"})->AllEqual());
-    EXPECT_FALSE(On<TQzPrivilegeProperty>("Privilege", {"H1", "H3"})->AllEqual());
-
-    TFakeDialog dialog;
-    dialog.Act = [](TQzEditorDialogRequest& request) { dynamic_cast<TQzPrivilege*>(request.Target)->SetId(5); };
-    TQzEditorDialogScope scope(TQzEditorDialog::Privilege, dialog.Opener());
-    On<TQzPrivilegeProperty>("Privilege", {"H1", "H2"})->Edit();
-    ASSERT_EQ(dialog.Requests.size(), 1u);
-    EXPECT_EQ(dialog.Requests[0].Package, App->Privileges());
-    EXPECT_EQ(Holder("H2")->FPrivilege.Id(), 5);
-}
-
-// ---------------------------------------------------------------------------
-// Packages
-
-TEST_F(ReferenceEditors, PackagesShowTheirDescriptionAndStorage)
+TEST_F(ReferenceEditors, PackagesShowTheirStorageAndOpenTheirEditorOnWhatItEdits)
 {
     App->PkgVars()->SetDescription("Settings");
     App->PkgVars()->SetInitMode(imFile);
-    const auto shown = [&]<class E>(const char* prop) {
-        return EditorOn<E>(Form.get(), {App}, prop)->GetValue();
-    };
-    EXPECT_EQ(shown.operator()<TQzCApplicationPkgVarsProperty>("PkgVars"), "Settings (FILE)");
-    EXPECT_EQ(shown.operator()<TQzCApplicationPkgSetupProperty>("PkgSetup"), "(DFM)");
-    EXPECT_EQ(shown.operator()<TQzCApplicationPrivilegesProperty>("Privileges"), "(TQzPkgPrivileges)");
+    EXPECT_EQ(EditorOn<TQzCApplicationPkgVarsProperty>(Form.get(), {App}, "PkgVars")->GetValue(), "Settings (FILE)");
+    EXPECT_EQ(EditorOn<TQzCApplicationPkgSetupProperty>(Form.get(), {App}, "PkgSetup")->GetValue(), "(DFM)");
+    EXPECT_EQ(EditorOn<TQzCApplicationPrivilegesProperty>(Form.get(), {App}, "Privileges")->GetValue(), "(TQzPkgPrivileges)");
+    auto fileName = EditorOn<TQzPkgStringsFileNameProperty>(Form.get(), {Strings}, "FileName");
+    Strings->SetDescription("Main texts");
+    EXPECT_EQ(fileName->GetValue(), "Main texts (DFM)");
 
-    auto* strings = dynamic_cast<TQzPkgStrings*>(Form->GetComponent("Strings"));
-    auto fileName = EditorOn<TQzPkgStringsFileNameProperty>(Form.get(), {strings}, "FileName");
-    EXPECT_EQ(fileName->GetValue(), "(DFM)");
-    strings->SetDescription("Main texts");
-    strings->SetInitMode(imFile);
-    EXPECT_EQ(fileName->GetValue(), "Main texts (FILE)");
-}
-
-TEST_F(ReferenceEditors, PackageEditorsOpenTheirWindowOnWhatItEdits)
-{
-    TFakeDialog vars, setup, strings;
-    TQzEditorDialogScope varsScope(TQzEditorDialog::PkgVars, vars.Opener());
-    TQzEditorDialogScope setupScope(TQzEditorDialog::Setup, setup.Opener());
-    TQzEditorDialogScope stringsScope(TQzEditorDialog::PkgStrings, strings.Opener());
-
+    TFakeDialog vars(TQzEditorDialog::PkgVars), setup(TQzEditorDialog::Setup), strings(TQzEditorDialog::PkgStrings);
     EditorOn<TQzCApplicationPkgVarsProperty>(Form.get(), {App}, "PkgVars")->Edit();
     EditorOn<TQzCApplicationPkgSetupProperty>(Form.get(), {App}, "PkgSetup")->Edit();
-    TComponent* pkg = Form->GetComponent("Strings");
-    EditorOn<TQzPkgStringsFileNameProperty>(Form.get(), {pkg}, "FileName")->Edit();
-
-    ASSERT_EQ(vars.Requests.size(), 1u);
-    EXPECT_EQ(vars.Requests[0].Package, App->PkgVars());
-    ASSERT_EQ(setup.Requests.size(), 1u);
-    EXPECT_EQ(setup.Requests[0].Component, App);
-    ASSERT_EQ(strings.Requests.size(), 1u);
-    EXPECT_EQ(strings.Requests[0].Package, pkg);
+    fileName->Edit();
+    EXPECT_EQ(vars.Requests.at(0).Package, App->PkgVars());
+    EXPECT_EQ(setup.Requests.at(0).Component, App);
+    EXPECT_EQ(strings.Requests.at(0).Package, Strings);
 }
 
 }  // namespace

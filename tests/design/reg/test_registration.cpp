@@ -12,7 +12,6 @@
 #include "runtime/components/QzMenus.h"
 #include "runtime/components/QzPages.h"
 #include "runtime/components/QzStdCtrls.h"
-#include "runtime/components/QzPaletteBitmaps.h"
 
 #include <gtest/gtest.h>
 
@@ -155,25 +154,6 @@ TEST_F(Registration, RegisterMakesEveryCallInOrder)
     EXPECT_EQ(calls.size(), ExpectedCalls.size());
 }
 
-TEST_F(Registration, EveryPaletteClassCanBeStreamedAndHasItsPicture)
-{
-    for (const TPalettePage& page : DesignRegistry().Pages()) {
-        for (TMetaClass* cls : page.Classes) {
-            SCOPED_TRACE(cls->ClassName());
-            EXPECT_EQ(GetClass(cls->ClassName()), cls);
-            EXPECT_TRUE(cls->CanCreate());
-            EXPECT_EQ(QzPalettePage(cls->ClassName()), page.Name) << "the runtime's page list agrees";
-            EXPECT_FALSE(QzPaletteBitmap(cls->ClassName()).isNull());
-        }
-    }
-    EXPECT_EQ(DesignRegistry().FindPage("Qz Additional")->Classes[18], ClassOf<TQzRuler>());
-    for (const char* streamable : {"TQzMenuItem", "TQzTabSheet", "TQzOutLookBarPage"})
-        EXPECT_NE(GetClass(streamable), nullptr) << streamable;
-    EXPECT_TRUE(DesignRegistry().IsNoIcon(ClassOf<TQzMenuItem>()));
-    EXPECT_EQ(DesignRegistry().GroupOf(ClassOf<TQzMenuItem>()), ClassOf<TControl>());
-    EXPECT_EQ(DesignRegistry().GroupOf(ClassOf<TQzEditBtns>()), ClassOf<TControl>());
-}
-
 // Each binding of a named property must reach that property on the real
 // class: a type or name that does not match would silently bind nothing.
 TEST_F(Registration, EveryNamedBindingServesItsProperty)
@@ -192,56 +172,33 @@ TEST_F(Registration, EveryNamedBindingServesItsProperty)
     EXPECT_EQ(checked, 57);
 }
 
-TEST_F(Registration, CollectionsOfAClassTakeItsEditorAndTheDataPageControlKeepsThePlainOne)
+// Bindings of a type rather than a property: the runtime's own types on
+// every palette class, and the collections of the classes bound for them.
+TEST_F(Registration, TypeBindingsServeEveryPropertyOfTheirType)
 {
-    const struct {
-        TMetaClass* Class;
-        const char* Editor;
-    } cases[] = {
-        {ClassOf<TQzComboBox>(), "TQzCollectionPropertyEditor"},
-        {ClassOf<TQzStatusBar>(), "TQzCollectionPropertyEditor"},
-        {ClassOf<TQzPageControl>(), "TQzCollPageControlPropertyEditor"},
-        {ClassOf<TQzDbPageControl>(), "TQzCollectionPropertyEditor"},
-        {ClassOf<TQzSetsGroup>(), "TQzCollectionPropertyEditor"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.Class->ClassName());
-        int collections = 0;
-        for (const TPropInfo* prop : c.Class->Properties()) {
-            const TMetaClass* type = prop->PropType->ClassType;
-            if (prop->PropType->Kind != tkClass || !type || !type->InheritsFrom(ClassOf<TQzCollection>()))
-                continue;
-            EXPECT_EQ(GetEditorClass(c.Class, prop).ClassName, c.Editor) << prop->Name;
-            ++collections;
-        }
-        EXPECT_GT(collections, 0);
-    }
-}
-
-// Wherever a palette class publishes one of the runtime's own property
-// types, the inspector gets that type's editor.
-TEST_F(Registration, TheRuntimesOwnTypesTakeTheirEditorsOnEveryControl)
-{
-    std::map<const TTypeInfo*, AnsiString> globals;
+    std::map<std::pair<const TMetaClass*, const TTypeInfo*>, AnsiString> byType;
     for (const TPropertyEditorBinding& binding : DesignRegistry().PropertyEditors())
-        if (!binding.ComponentClass)
-            globals[binding.PropertyType] = binding.EditorClass.ClassName;
-    ASSERT_EQ(globals.size(), 10u);
-
+        if (binding.PropertyName.empty())
+            byType[{binding.ComponentClass, binding.PropertyType}] = binding.EditorClass.ClassName;
     std::map<AnsiString, int> served;
     for (const TPalettePage& page : DesignRegistry().Pages())
         for (TMetaClass* cls : page.Classes)
             for (const TPropInfo* prop : cls->Properties()) {
-                const auto global = globals.find(prop->PropType);
-                if (global == globals.end())
+                auto bound = byType.find({cls, prop->PropType});
+                if (bound == byType.end())
+                    bound = byType.find({nullptr, prop->PropType});
+                if (bound == byType.end())
                     continue;
-                EXPECT_EQ(GetEditorClass(cls, prop).ClassName, global->second) << cls->ClassName() << "." << prop->Name;
-                ++served[global->second];
+                EXPECT_EQ(GetEditorClass(cls, prop).ClassName, bound->second) << cls->ClassName() << "." << prop->Name;
+                ++served[bound->second];
             }
     for (const char* editor : {"TQzMemoryLabelPropertyEditor", "TQzMemoryImagePropertyEditor", "TQzMaskPropertyEditor",
-                               "TQzSetFontProperty", "TQzSetColorProperty", "TQzSetBackGroundProperty",
-                               "TQzPrivilegeProperty"})
+                               "TQzSetFontProperty", "TQzPrivilegeProperty", "TQzCollectionPropertyEditor",
+                               "TQzCollPageControlPropertyEditor"})
         EXPECT_GT(served[editor], 0) << editor << " serves no palette class";
+    // The data-aware page control keeps the plain collection editor.
+    EXPECT_EQ(GetEditorClass(ClassOf<TQzDbPageControl>(), GetPropInfo(ClassOf<TQzDbPageControl>(), "Pages")).ClassName,
+              "TQzCollectionPropertyEditor");
 }
 
 }  // namespace
