@@ -5,7 +5,6 @@
 #include "runtime/components/QzMenus.h"
 #include "runtime/components/QzPages.h"
 #include "runtime/model/QzApplication.h"
-#include "runtime/model/QzRegistry.h"
 
 #include "vcl/QzDialogs.h"
 

@@ -3,7 +3,6 @@
 #include "runtime/components/QzCollection.h"
 #include "runtime/components/QzExtCtrls.h"
 #include "runtime/components/QzMenus.h"
-#include "runtime/components/QzPages.h"
 #include "runtime/model/QzMask.h"
 
 namespace {

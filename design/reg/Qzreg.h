@@ -9,5 +9,6 @@
 void Register();
 
 // The C entry point the designer host looks up in the plug-in
-// (dclQzCtrls_c6): calls Register.
+// (dclQzCtrls_c6): calls Register. Defined in the plug-in only; programs
+// that link the package's core call Register themselves.
 extern "C" void QzDesignPackageRegister();
