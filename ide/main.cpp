@@ -6,6 +6,8 @@
 #include "ide/QzPalette.h"
 
 #include "runtime/components/QzComponentsReg.h"
+#include "runtime/files/QzPkgFiles.h"
+#include "runtime/system/QzSystemData.h"
 #include "vcl/QzDialogs.h"
 
 #include <QApplication>
@@ -34,7 +36,11 @@ int main(int argc, char** argv)
     parser.addOption(formOption);
     parser.process(app);
 
+    // The runtime's classes, its package file formats and the built-in
+    // "System" data, before any form or package file is read.
     RegisterQzComponentClasses();
+    RegisterQzPkgFileFormats();
+    RegisterQzSystemData();
     const TQzPackageLoad package = QzLoadDesignPackage(QApplication::applicationDirPath());
 
     TQzMainWindow window;

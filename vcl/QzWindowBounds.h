@@ -4,6 +4,7 @@
 // keep a window on a screen the user can see.
 
 #include "rtl/System.h"
+#include "rtl/WindowPlacement.h"
 
 #include <QList>
 #include <QObject>
@@ -31,22 +32,6 @@ void QzSaveResizeInfoDesigner(QWidget* form, TQzResizeInfoDesigner& info);
 // it when it was. Does nothing while `info` was never stored.
 void QzRestoreResizeInfoDesigner(QWidget* form, TQzResizeInfoDesigner& info);
 
-// The form's state as the suite's windows store it.
-enum TWindowState : Integer { wsNormal = 0, wsMinimized = 1, wsMaximized = 2 };
-
-// A package editor's placement, stored in the package.
-struct TQzWindowPlacement {
-    static constexpr Integer NeverPlaced = 2147483647;  // as Left
-
-    Integer Left = NeverPlaced;
-    Integer Top = 0;
-    Integer Width = 0;
-    Integer Height = 0;
-    Integer State = wsNormal;
-
-    bool IsPlaced() const { return Left != NeverPlaced; }
-    bool operator==(const TQzWindowPlacement&) const = default;
-};
 
 // Follows a window from before it is shown until it is closed: applies a
 // stored placement (centred when never placed, else the stored bounds kept

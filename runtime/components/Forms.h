@@ -4,6 +4,7 @@
 // form is loaded into one of these and written back from it.
 
 #include "runtime/components/Controls.h"
+#include "rtl/WindowPlacement.h"
 
 class TMainMenu;
 
@@ -37,7 +38,6 @@ enum TPosition {
 };
 const TTypeInfo* TypeInfo_TPosition();
 
-enum TWindowState { wsNormal, wsMinimized, wsMaximized };
 const TTypeInfo* TypeInfo_TWindowState();
 
 const TTypeInfo* TypeInfo_TCloseEvent();

@@ -345,7 +345,7 @@ TQzWindowPlacement TQzPkgInfo::ReadContentHeader(TReader& reader, Integer maxVer
     const Integer state = reader.ReadInteger();
     if (state < 0 || state > 2)
         reader.Error("Invalid window state " + IntToStr(state));
-    placement.State = static_cast<Byte>(state);
+    placement.State = state;
     // Later versions may add fields to the placement.
     while (!reader.EndOfList())
         reader.SkipValue();
@@ -399,7 +399,7 @@ void TQzPkgInfo::DefineProperties(TFiler& filer)
     // A package kept in its own file leaves nothing of its contents in the form.
     filer.DefineBinaryProperty(
         "Data", [this](TStream& s) { ReadData(s); }, [this](TStream& s) { WriteData(s); },
-        FInitMode != imFile && (!IsEmpty() || FPlacement.Placed()));
+        FInitMode != imFile && (!IsEmpty() || FPlacement.IsPlaced()));
 }
 
 void TQzPkgInfo::Loaded()

@@ -6,6 +6,7 @@
 
 #include "rtl/SysUtils.h"
 #include "rtl/TypInfo.h"
+#include "rtl/WindowPlacement.h"
 
 // Raised when the model refuses an operation: a duplicate Id, a change to
 // the "System" package without permission, a second application object.
@@ -60,21 +61,6 @@ const TTypeInfo* TypeInfo_TQzDataType();
 enum TQzMaskTake { mtData, mtText, mtRawText };
 const TTypeInfo* TypeInfo_TQzMaskTake();
 
-// Where a package's editor window stood when it was last closed. A Left of
-// NotPlaced means the editor was never placed and opens centred.
-struct TQzWindowPlacement {
-    static constexpr Integer NotPlaced = 0x7FFFFFFF;
-    static constexpr Byte StateMaximized = 2;
-
-    Integer Left = NotPlaced;
-    Integer Top = 0;
-    Integer Width = 0;
-    Integer Height = 0;
-    Byte State = 0;   // 0 normal, 1 minimized, 2 maximized
-
-    bool Placed() const { return Left != NotPlaced; }
-    bool operator==(const TQzWindowPlacement&) const = default;
-};
 
 // The package named "System" (in any case) is the suite's own.
 inline constexpr const char* QzSystemPkgName = "System";

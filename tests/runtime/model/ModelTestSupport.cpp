@@ -54,7 +54,7 @@ void FillStrings(TQzPkgStrings& pkg)
     placement.Top = -5;
     placement.Width = 640;
     placement.Height = 480;
-    placement.State = TQzWindowPlacement::StateMaximized;
+    placement.State = wsMaximized;
     pkg.SetPlacement(placement);
 }
 

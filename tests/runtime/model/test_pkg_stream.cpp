@@ -198,7 +198,7 @@ std::string StringsBlock(std::initializer_list<Integer> labelIds, Integer versio
     TWriter w;
     w.WriteInteger(version);
     w.WriteListBegin();
-    for (Integer v : {TQzWindowPlacement::NotPlaced, 0, 0, 0, 0})
+    for (Integer v : {TQzWindowPlacement::NeverPlaced, 0, 0, 0, 0})
         w.WriteInteger(v);
     w.WriteListEnd();
     w.WriteListBegin();
