@@ -1,7 +1,7 @@
 // qzpkg convert as a user runs it: files in, files out, exit codes and
 // messages.
 
-#include "cli/Commands.h"
+#include "QzpkgRun.h"
 #include "rtl/FormText.h"
 #include "rtl/Streams.h"
 
@@ -13,27 +13,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-struct TRun {
-    int Code;
-    std::string Out, Err;
-};
-
-TRun Qzpkg(const std::vector<std::string>& args)
-{
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    int code = RunCommand(args, out, err);
-    auto slurp = [](std::FILE* f) {
-        std::string s;
-        std::rewind(f);
-        for (int c; (c = std::fgetc(f)) != EOF;)
-            s.push_back(char(c));
-        std::fclose(f);
-        return s;
-    };
-    return {code, slurp(out), slurp(err)};
-}
 
 class ConvertCommand : public ::testing::Test {
 protected:
@@ -78,7 +57,7 @@ TEST_F(ConvertCommand, BadInputFailsWithTheFileAndLineAndWritesNothing)
 {
     Write("bad.dfm", "object Form1: TForm1\r\n  Left = [1\r\nend\r\n");
     Write("out.dfm", "previous");
-    TRun r = Qzpkg({"convert", "--to", "binary", PathOf("bad.dfm"), PathOf("out.dfm")});
+    TQzpkgRun r = Qzpkg({"convert", "--to", "binary", PathOf("bad.dfm"), PathOf("out.dfm")});
     EXPECT_EQ(r.Code, 1);
     EXPECT_NE(r.Err.find(PathOf("bad.dfm") + ": line 3: ',' expected"), std::string::npos) << r.Err;
     EXPECT_EQ(ReadFileBytes(PathOf("out.dfm")), "previous");
@@ -111,7 +90,7 @@ TEST_F(ConvertCommand, UsageErrorsAndHelp)
         {{}, 1, "Usage: qzpkg"},
     };
     for (const Case& c : cases) {
-        TRun r = Qzpkg(c.args);
+        TQzpkgRun r = Qzpkg(c.args);
         EXPECT_EQ(r.Code, c.code);
         EXPECT_NE((r.Out + r.Err).find(c.says), std::string::npos) << r.Out << r.Err;
     }

@@ -3,7 +3,7 @@
 
 #ifdef QZ_CLI_DESIGN
 
-#include "cli/Commands.h"
+#include "QzpkgRun.h"
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzRegistry.h"
@@ -18,27 +18,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-struct TRun {
-    int Code;
-    std::string Out, Err;
-};
-
-TRun Qzpkg(const std::vector<std::string>& args)
-{
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    const int code = RunCommand(args, out, err);
-    const auto slurp = [](std::FILE* f) {
-        std::string s;
-        std::rewind(f);
-        for (int c; (c = std::fgetc(f)) != EOF;)
-            s.push_back(char(c));
-        std::fclose(f);
-        return s;
-    };
-    return {code, slurp(out), slurp(err)};
-}
 
 class PackageFileCommands : public ::testing::Test {
 protected:
@@ -131,11 +110,11 @@ TEST_F(PackageFileCommands, EveryKindIsRecognisedAndDumped)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Kind);
         const std::string file = Save(*c.Package, c.File);
-        const TRun info = Qzpkg({"info", file});
+        const TQzpkgRun info = Qzpkg({"info", file});
         ASSERT_EQ(info.Code, 0) << info.Err;
         EXPECT_EQ(info.Out, "File: " + file + "\nKind: " + c.Kind + "\nDescription: " +
                                 c.Package->Description() + "\n" + c.Counts);
-        const TRun dump = Qzpkg({"dump", file});
+        const TQzpkgRun dump = Qzpkg({"dump", file});
         ASSERT_EQ(dump.Code, 0) << dump.Err;
         std::size_t from = 0;
         for (const std::string& line : c.Lines) {
@@ -166,7 +145,7 @@ TEST_F(PackageFileCommands, BadFilesAreRefusedNamingTheFile)
     };
     for (const auto& c : cases) {
         for (const char* command : {"info", "dump"}) {
-            const TRun run = Qzpkg({command, c.File});
+            const TQzpkgRun run = Qzpkg({command, c.File});
             EXPECT_EQ(run.Code, 1) << command << " " << c.File;
             EXPECT_EQ(run.Out, "");
             EXPECT_NE(run.Err.find(c.File), std::string::npos) << run.Err;

@@ -3,7 +3,7 @@
 
 #ifdef QZ_CLI_DESIGN
 
-#include "cli/Commands.h"
+#include "QzpkgRun.h"
 #include "designide/DesignIntf.h"
 
 #include <gtest/gtest.h>
@@ -11,27 +11,6 @@
 #include <sstream>
 
 namespace {
-
-struct TRun {
-    int Code;
-    std::string Out, Err;
-};
-
-TRun Qzpkg(const std::vector<std::string>& args)
-{
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    const int code = RunCommand(args, out, err);
-    const auto slurp = [](std::FILE* f) {
-        std::string s;
-        std::rewind(f);
-        for (int c; (c = std::fgetc(f)) != EOF;)
-            s.push_back(char(c));
-        std::fclose(f);
-        return s;
-    };
-    return {code, slurp(out), slurp(err)};
-}
 
 std::vector<std::string> LinesOf(const std::string& text)
 {
@@ -44,7 +23,7 @@ std::vector<std::string> LinesOf(const std::string& text)
 
 TEST(RegistrationsCommand, ListsEveryCallOnceATimeInOrder)
 {
-    const TRun first = Qzpkg({"registrations"});
+    const TQzpkgRun first = Qzpkg({"registrations"});
     ASSERT_EQ(first.Code, 0) << first.Err;
     EXPECT_EQ(first.Err, "");
     const auto lines = LinesOf(first.Out);
@@ -59,17 +38,17 @@ TEST(RegistrationsCommand, ListsEveryCallOnceATimeInOrder)
     EXPECT_EQ(std::count(lines.begin(), lines.end(), twice), 2);
 
     // The listing does not pile up, and leaves the registry as it found it.
-    const TRun second = Qzpkg({"registrations"});
+    const TQzpkgRun second = Qzpkg({"registrations"});
     EXPECT_EQ(second.Out, first.Out);
     EXPECT_TRUE(DesignRegistry().Records().empty());
 }
 
 TEST(RegistrationsCommand, ExplainsItselfAndRefusesArguments)
 {
-    const TRun help = Qzpkg({"registrations", "--help"});
+    const TQzpkgRun help = Qzpkg({"registrations", "--help"});
     EXPECT_EQ(help.Code, 0);
     EXPECT_NE(help.Out.find("Usage: qzpkg registrations"), std::string::npos);
-    const TRun extra = Qzpkg({"registrations", "now"});
+    const TQzpkgRun extra = Qzpkg({"registrations", "now"});
     EXPECT_EQ(extra.Code, 1);
     EXPECT_EQ(extra.Out, "");
     EXPECT_NE(extra.Err.find("unexpected argument 'now'"), std::string::npos) << extra.Err;

@@ -1,0 +1,29 @@
+#pragma once
+// Runs one qzpkg command line in-process and captures what it prints.
+
+#include "cli/Commands.h"
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+struct TQzpkgRun {
+    int Code;
+    std::string Out, Err;
+};
+
+inline TQzpkgRun Qzpkg(const std::vector<std::string>& args)
+{
+    std::FILE* out = std::tmpfile();
+    std::FILE* err = std::tmpfile();
+    const int code = RunCommand(args, out, err);
+    const auto slurp = [](std::FILE* f) {
+        std::string s;
+        std::rewind(f);
+        for (int c; (c = std::fgetc(f)) != EOF;)
+            s.push_back(char(c));
+        std::fclose(f);
+        return s;
+    };
+    return {code, slurp(out), slurp(err)};
+}
