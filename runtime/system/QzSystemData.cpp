@@ -3,6 +3,7 @@
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzRegistry.h"
+#include "runtime/system/QzSystemImages.h"
 #include "runtime/system/QzSystemStrings.h"
 #include "runtime/util/QzPaths.h"
 
@@ -152,6 +153,7 @@ void RegisterQzSystemData()
 {
     TQzSystemPackagesProvider provider;
     provider.Strings = [](TQzPkgStrings& target) { QzFillSystemStrings(target); };
+    provider.Images = [](TQzPkgImages& target) { QzFillSystemImages(target); };
     SetSystemPackagesProvider(std::move(provider));
 }
 
@@ -171,6 +173,7 @@ void QzWriteInstallData(const AnsiString& folder)
 
     TQzPkgDisplay display(nullptr);
     QzFillStandardDisplay(display);
+    QzFillSystemImages(*display.PkgSystem());
     display.SetDescription("QzControls standard display sets");
     TQzPkgFileCodec(QzPkgKindDisplay).SaveToFile(display, dir + QzStandardDisplayFileName);
 }

@@ -18,15 +18,15 @@ void QzFillSystemStrings(TQzPkgStrings& target);
 void QzFillStandardDisplay(TQzPkgDisplay& target);
 
 // Installs the built-in "System" strings as the model's provider, so that
-// TQzCApplication::UpdateSystemPkgs refreshes from them. The suite ships no
-// built-in "System" pictures yet: the images part stays empty. Safe to call
-// more than once.
+// TQzCApplication::UpdateSystemPkgs refreshes from them, and the built-in
+// "System" pictures likewise. Safe to call more than once.
 void RegisterQzSystemData();
 
 // Writes the install data into folder (created when missing): the base
 // language file (QzBaseLanguageFileName, a language package whose "System"
 // strings are the built-in ones) and the standard display file
-// (QzStandardDisplayFileName, a display package with the standard sets).
+// (QzStandardDisplayFileName, a display package with the standard sets and
+// the "System" pictures).
 // Raises EQzPkgFileError naming the file that could not be written.
 void QzWriteInstallData(const AnsiString& folder);
 

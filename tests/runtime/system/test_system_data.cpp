@@ -2,6 +2,7 @@
 // build generates from them.
 
 #include "runtime/system/QzSystemData.h"
+#include "runtime/system/QzSystemImages.h"
 #include "runtime/system/QzSystemStrings.h"
 
 #include "runtime/files/QzPkgFiles.h"
@@ -27,6 +28,21 @@ void ExpectHolds(const TCollection& items, std::span<const TQzSystemString> tabl
         const auto* item = items.FindId(s.Id);
         ASSERT_NE(item, nullptr) << s.Id;
         EXPECT_TRUE(item->Text() == s.Text && item->Protected()) << s.Id;
+    }
+}
+
+// Every built-in picture is there, decodable, 16 pixels square, protected.
+void ExpectSystemImages(const TQzPkgImages& pkg)
+{
+    ASSERT_EQ(pkg.Images()->Count(), int(QzSystemImages().size()));
+    for (const TQzSystemImage& s : QzSystemImages()) {
+        const TQzPkgImagesImage* image = pkg.Images()->FindId(s.Id);
+        ASSERT_NE(image, nullptr) << s.Id;
+        EXPECT_FALSE(image->Empty()) << s.Id;
+        EXPECT_EQ(image->Width(), 16) << s.Id;
+        EXPECT_EQ(image->Height(), 16) << s.Id;
+        EXPECT_EQ(image->GraphicClass(), "TPngImage") << s.Id;
+        EXPECT_TRUE(image->Protected()) << s.Id;
     }
 }
 
@@ -64,13 +80,14 @@ protected:
     fs::path FDir = fs::temp_directory_path() / ("qz_system_data_" + std::to_string(getpid()));
 };
 
-TEST_F(SystemData, BuiltInDataAndInstallFilesRefreshTheSystemStrings)
+TEST_F(SystemData, BuiltInDataAndInstallFilesRefreshTheSystemStringsAndPictures)
 {
     {
         TQzCApplication app(nullptr);
         ASSERT_FALSE(app.SystemEdit()) << "the refresh must not need system editing";
         ASSERT_TRUE(app.UpdateSystemPkgs(true));
         ExpectSystemStrings(*app.PkgLanguage()->PkgSystem());
+        ExpectSystemImages(*app.PkgDisplay()->PkgSystem());
     }
     QzWriteInstallData((FDir / "share").string());
     const AnsiString language = (FDir / "share" / QzBaseLanguageFileName).string();
@@ -82,6 +99,7 @@ TEST_F(SystemData, BuiltInDataAndInstallFilesRefreshTheSystemStrings)
     TQzDetachedPkgs detached;
     TQzPkgDisplay sets(nullptr);
     sets.LoadFromFile((FDir / "share" / QzStandardDisplayFileName).string());
+    ExpectSystemImages(*sets.PkgSystem());
     ASSERT_NE(sets.SetsBackGround()->Find("EdBackGround"), nullptr);
     EXPECT_EQ(sets.SetsBackGround()->Find("EdBackGround")->SolidColor(), TColor(0xFF000005)) << "window colour";
     ASSERT_NE(sets.SetsFont()->Find("Title"), nullptr);
