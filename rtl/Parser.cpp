@@ -118,6 +118,9 @@ char TParser::NextToken()
             ScanNumber();
         }
     } else {
+        // Control characters would read as the token kinds that share their codes.
+        if (Byte(c) < 0x20)
+            Error("Invalid character");
         ++FPos;
         FToken = c;
     }

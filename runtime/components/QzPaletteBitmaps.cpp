@@ -4,7 +4,8 @@
 
 #include "rtl/SysUtils.h"
 
-#include <QBuffer>
+#include "runtime/pictures/QzPng.h"
+
 #include <QPainter>
 #include <QPolygon>
 
@@ -388,14 +389,7 @@ QImage QzPaletteBitmap(const AnsiString& className)
 
 QByteArray QzPaletteBitmapPng(const AnsiString& className)
 {
-    const QImage image = QzPaletteBitmap(className);
-    if (image.isNull())
-        return {};
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
+    return QzDrawnPicturePng(QzPaletteBitmap(className));
 }
 
 std::vector<AnsiString> QzPaletteBitmapNames()

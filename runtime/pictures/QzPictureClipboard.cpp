@@ -7,7 +7,8 @@
 #include "runtime/model/QzGlobals.h"
 #include "runtime/model/QzPkgImages.h"
 
-#include <QBuffer>
+#include "runtime/pictures/QzPng.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -61,10 +62,8 @@ void TQzPicture::LoadFromClipBoard()
         throw EInvalidGraphic("The picture on the clipboard is larger than " + IntToStr(QzMaxPictureSide) +
                               " pixels each way");
     // PNG keeps every pixel and the alpha channel of whatever was copied.
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    if (!picture.save(&buffer, "PNG"))
+    const QByteArray png = QzPicturePng(picture);
+    if (png.isEmpty())
         throw EInvalidGraphic("The picture on the clipboard cannot be stored as PNG");
     StorePlainPicture(png.toStdString(), "TPngImage", picture.size());
 }

@@ -3,7 +3,8 @@
 #include "runtime/model/Qzmain.h"
 #include "runtime/pictures/QzPicture.h"
 
-#include <QBuffer>
+#include "runtime/pictures/QzPng.h"
+
 #include <QImage>
 #include <QPainter>
 
@@ -118,10 +119,7 @@ std::string Png(Integer id)
         QPainter p(&image);
         Draw(p, id);
     }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
+    const QByteArray bytes = QzDrawnPicturePng(image);
     return std::string(bytes.constData(), size_t(bytes.size()));
 }
 

@@ -208,6 +208,9 @@ TEST(FormText, BadTextIsReportedWithItsLine)
         {"object Form1: TForm1 [x]\nend\n", "line 1: Number expected"},
         {"object Form1: TForm1\n  S = #99999999\nend\n", "line 2: Invalid character code in string"},
         {"", "line 1: 'object' expected"},
+        // Control characters share their codes with token kinds and must not pass for them.
+        {"object Form1: TForm1\n  S = (#179\x02\nend\n", "line 2: Invalid character"},
+        {"object Form1: TForm1\n  S = \x01\nend\n", "line 2: Invalid character"},
     };
     for (const Case& c : cases) {
         try {
