@@ -2,6 +2,7 @@
 
 #include "cli/ConvertCommand.h"
 #ifdef QZ_CLI_DESIGN
+#include "cli/ClassesCommand.h"
 #include "cli/PackageFileCommands.h"
 #include "cli/RegistrationsCommand.h"
 #endif
@@ -25,6 +26,8 @@ const char* const Usage =
     "      Shows a package file's kind, description and item counts.\n"
     "  dump FILE\n"
     "      Prints a package file's items as text, one a line.\n"
+    "  classes [--markdown] [CLASS ...]\n"
+    "      Lists the runtime's component classes, or the properties of some.\n"
 #endif
     "\n"
     "Run 'qzpkg COMMAND --help' for the options of a command.\n";
@@ -43,6 +46,7 @@ int RunCommand(const std::vector<std::string>& args, std::FILE* out, std::FILE* 
         {"registrations", RunRegistrations},
         {"info", RunPackageInfo},
         {"dump", RunPackageDump},
+        {"classes", RunClasses},
 #endif
     };
     auto it = commands.find(args[0]);
