@@ -6,6 +6,7 @@
 #include "rtl/Parser.h"
 
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -35,6 +36,24 @@ private:
     {
         if (++Depth > MaxNesting)
             P.Error("Values nested too deeply");
+    }
+    // Names are short strings: at most 255 bytes.
+    void CheckName(std::string_view name, const char* what, size_t limit = 255) const
+    {
+        CheckName(name, what, P.TokenLine(), limit);
+    }
+    void CheckName(std::string_view name, const char* what, int line, size_t limit = 255) const
+    {
+        if (name.size() > limit)
+            P.ErrorAt(std::string(what) + " too long", line);
+    }
+    // The float token, which must fit the value type it is written as.
+    Extended TokenFloatWithin(Extended limit) const
+    {
+        const Extended value = P.TokenFloat();
+        if (value > limit || value < -limit)
+            P.Error("Floating point value out of range " + std::string(P.TokenText()));
+        return value;
     }
     void ConvertHeader(Byte flags);
     void ConvertProperty();
@@ -82,6 +101,7 @@ void TTextToBinary::ConvertObject()
 void TTextToBinary::ConvertHeader(Byte flags)
 {
     P.CheckToken(toSymbol);
+    const int line = P.TokenLine();
     std::string className(P.TokenText());
     std::string objectName;
     if (P.NextToken() == ':') {
@@ -91,6 +111,10 @@ void TTextToBinary::ConvertHeader(Byte flags)
         className = P.TokenText();
         P.NextToken();
     }
+    CheckName(objectName, "Component name", line);
+    // A header without flags starts with the class name's length, and a
+    // length of 240 or more would read as the flags' prefix byte.
+    CheckName(className, "Class name", line, 0xEF);
     Integer position = -1;
     if (P.Token() == '[') {
         P.NextToken();
@@ -118,6 +142,7 @@ void TTextToBinary::ConvertProperty()
         name += P.TokenText();
         P.NextToken();
     }
+    CheckName(name, "Property name");
     W.WriteStr(name);
     P.CheckToken('=');
     P.NextToken();
@@ -133,6 +158,7 @@ void TTextToBinary::ConvertValue()
         --Depth;
         return;  // the string has read its own following token
     case toSymbol:
+        CheckName(P.TokenText(), "Identifier");
         W.WriteIdent(P.TokenComponentIdent());
         break;
     case toInteger:
@@ -141,14 +167,14 @@ void TTextToBinary::ConvertValue()
     case toFloat:
         switch (P.FloatType()) {
         case 's':
-            W.WriteSingle(float(P.TokenFloat()));
+            W.WriteSingle(float(TokenFloatWithin(std::numeric_limits<float>::max())));
             break;
         case 'c':
             // The text holds the currency's stored integer (value * 10000).
-            W.WriteCurrency(Currency(std::llround(P.TokenFloat())));
+            W.WriteCurrency(Currency(std::llround(TokenFloatWithin(9.2e18L))));
             break;
         case 'd':
-            W.WriteDate(double(P.TokenFloat()));
+            W.WriteDate(double(TokenFloatWithin(std::numeric_limits<double>::max())));
             break;
         default:
             W.WriteFloat(P.TokenFloat());
@@ -246,6 +272,7 @@ void TTextToBinary::ConvertSet()
         for (;;) {
             switch (P.Token()) {
             case toInteger:
+                CheckName(P.TokenText(), "Set element");
                 W.WriteStr(P.TokenText());
                 break;
             case toString:
@@ -253,6 +280,7 @@ void TTextToBinary::ConvertSet()
                 break;
             default:
                 P.CheckToken(toSymbol);
+                CheckName(P.TokenText(), "Set element");
                 W.WriteStr(P.TokenText());
             }
             if (P.NextToken() == ']')

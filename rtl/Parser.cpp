@@ -1,6 +1,7 @@
 #include "rtl/Parser.h"
 
 #include <cerrno>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -234,7 +235,8 @@ Extended TParser::TokenFloat() const
     if (FFloatType)
         text.remove_suffix(1);
     Extended v = 0;
-    if (!TryStrToFloat(std::string(text), v))
+    // Out of range reads as infinity, which no text form can say again.
+    if (!TryStrToFloat(std::string(text), v) || !std::isfinite(v))
         Error("Invalid floating point value " + std::string(FTokenText));
     return v;
 }

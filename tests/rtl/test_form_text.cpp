@@ -191,7 +191,7 @@ TEST(FormText, WideStringsKeepCharactersOutsideTheCodePage)
 TEST(FormText, BadTextIsReportedWithItsLine)
 {
     struct Case {
-        const char* text;
+        std::string text;
         const char* message;
     };
     const Case cases[] = {
@@ -211,6 +211,12 @@ TEST(FormText, BadTextIsReportedWithItsLine)
         // Control characters share their codes with token kinds and must not pass for them.
         {"object Form1: TForm1\n  S = (#179\x02\nend\n", "line 2: Invalid character"},
         {"object Form1: TForm1\n  S = \x01\nend\n", "line 2: Invalid character"},
+        // What the binary form cannot hold: names over 255 bytes, a class name
+        // whose length reads as the flags' prefix, values beyond their type.
+        {("object Form1: T" + std::string(239, 'x') + "\nend\n"), "line 1: Class name too long"},
+        {("object Form1: TForm1\n  A = " + std::string(256, 'x') + "\nend\n"), "line 2: Identifier too long"},
+        {"object Form1: TForm1\n  A = 836E49584D\nend\n", "line 2: Invalid floating point value 836E49584D"},
+        {"object Form1: TForm1\n  A = 1e39s\nend\n", "line 2: Floating point value out of range 1e39s"},
     };
     for (const Case& c : cases) {
         try {
