@@ -14,6 +14,13 @@ AnsiString ClassNameOrNil(const TMetaClass* cls)
     return cls ? cls->ClassName() : AnsiString("nil");
 }
 
+// The property type as the IDE's sources name it: the string type is the
+// language's "String", whatever the class library calls it.
+AnsiString TypeNameForListing(const TTypeInfo* type)
+{
+    return type->Name == "AnsiString" ? AnsiString("String") : type->Name;
+}
+
 AnsiString JoinClassNames(TMetaClass* const classes[], int count)
 {
     AnsiString text;
@@ -211,7 +218,7 @@ void RegisterPropertyEditor(const TTypeInfo* propertyType, TMetaClass* component
     registry.FPropertyEditors.push_back({propertyType, componentClass, propertyName, editorClass, order});
     // An editor class of nil hides the property, as in the IDE.
     registry.Record("RegisterPropertyEditor",
-                    {propertyType->Name, ClassNameOrNil(componentClass), propertyName,
+                    {TypeNameForListing(propertyType), ClassNameOrNil(componentClass), propertyName,
                      editorClass ? editorClass.ClassName : AnsiString("nil")});
 }
 

@@ -53,7 +53,7 @@ TEST_F(Registration, EveryCallIsListedInOrderWithItsArguments)
         "RegisterClass\tTDtBigFont",
         "RegisterClasses\tTDtFont",
         "GroupDescendentsWith\tTDtTimer\tTDtControl",
-        "RegisterPropertyEditor\tAnsiString\tTDtButton\tHint\tnil",
+        "RegisterPropertyEditor\tString\tTDtButton\tHint\tnil",
         "RegisterComponents\tEmpty\t\t-1",
     };
     EXPECT_EQ(DesignRegistry().Listing(), expected);
@@ -109,7 +109,7 @@ TEST_F(Registration, EditorClassesAreNamedAfterTheirClassAndMakeThem)
     EXPECT_EQ(editor->Component(), &timer);
 
     RegisterPropertyEditor(TypeInfo_String(), nullptr, "", property);
-    EXPECT_EQ(DesignRegistry().Listing().back(), "RegisterPropertyEditor\tAnsiString\tnil\t\tTDtOwnProperty");
+    EXPECT_EQ(DesignRegistry().Listing().back(), "RegisterPropertyEditor\tString\tnil\t\tTDtOwnProperty");
 }
 
 TEST_F(Registration, GroupsReachDescendantsAndTheLatestGroupingHolds)
