@@ -2,6 +2,7 @@
 // documentation kept in step with the classes.
 
 #include "QzpkgRun.h"
+#include "support/TextLines.h"
 
 #include <gtest/gtest.h>
 
@@ -10,20 +11,11 @@
 
 namespace {
 
-std::vector<std::string> Lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 TEST(ClassesCommand, ListsClassesWithPageAndParentAndPropertiesInStreamOrder)
 {
     const TQzpkgRun all = Qzpkg({"classes"});
     ASSERT_EQ(all.Code, 0) << all.Err;
-    const std::vector<std::string> lines = Lines(all.Out);
+    const std::vector<std::string> lines = TextLines(all.Out);
     EXPECT_NE(std::find(lines.begin(), lines.end(), "\tTControl\tTComponent"), lines.end());
     EXPECT_NE(std::find(lines.begin(), lines.end(), "Qz Standard\tTQzLabel\tTQzCustomLabel"), lines.end());
     // Bases come before the classes derived from them.
@@ -36,7 +28,7 @@ TEST(ClassesCommand, ListsClassesWithPageAndParentAndPropertiesInStreamOrder)
 
     const TQzpkgRun label = Qzpkg({"classes", "tqzlabel"});
     ASSERT_EQ(label.Code, 0) << label.Err;
-    const std::vector<std::string> props = Lines(label.Out);
+    const std::vector<std::string> props = TextLines(label.Out);
     ASSERT_GE(props.size(), 3u);
     EXPECT_EQ(props[0], "TQzLabel\tName\tTComponentName\tTComponent");
     EXPECT_NE(std::find(props.begin(), props.end(), "TQzLabel\tCaption\tTQzMemoryLabel\tTQzCustomLabel"), props.end());

@@ -5,6 +5,7 @@
 
 #include "QzpkgRun.h"
 #include "designide/DesignIntf.h"
+#include "support/TextLines.h"
 
 #include <gtest/gtest.h>
 
@@ -12,21 +13,12 @@
 
 namespace {
 
-std::vector<std::string> LinesOf(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 TEST(RegistrationsCommand, ListsEveryCallOnceATimeInOrder)
 {
     const TQzpkgRun first = Qzpkg({"registrations"});
     ASSERT_EQ(first.Code, 0) << first.Err;
     EXPECT_EQ(first.Err, "");
-    const auto lines = LinesOf(first.Out);
+    const auto lines = TextLines(first.Out);
     ASSERT_EQ(lines.size(), 100u);
     EXPECT_EQ(lines[0].rfind("RegisterComponents\tQz Standard\tTQzCApplication,TQzCForm,", 0), 0u);
     EXPECT_EQ(lines[3].substr(lines[3].size() - 3), "\t12");

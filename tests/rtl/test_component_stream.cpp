@@ -7,6 +7,7 @@
 #include "rtl/Parser.h"
 #include "rtl/StringList.h"
 #include "support/Corpus.h"
+#include "support/TextLines.h"
 
 #include <gtest/gtest.h>
 
@@ -210,14 +211,7 @@ std::unique_ptr<TComponent> Load(const std::string& text)
 // The lines of a that b lacks and the other way round.
 std::vector<std::string> ChangedLines(const std::string& a, const std::string& b)
 {
-    auto lines = [](const std::string& s) {
-        std::vector<std::string> out;
-        std::stringstream ss(s);
-        for (std::string l; std::getline(ss, l);)
-            out.push_back(l);
-        return out;
-    };
-    std::vector<std::string> la = lines(a), lb = lines(b), diff;
+    std::vector<std::string> la = TextLines(a), lb = TextLines(b), diff;
     for (const std::string& l : la)
         if (std::find(lb.begin(), lb.end(), l) == lb.end())
             diff.push_back("-" + l);

@@ -12,6 +12,7 @@
 #include "runtime/components/QzExtCtrls.h"
 
 #include "rtl/ComponentStream.h"
+#include "support/TextLines.h"
 
 #include <gtest/gtest.h>
 
@@ -289,15 +290,6 @@ TEST_F(SuiteFormTest, SavesByteForByteAsTextAndAsBinary)
     EXPECT_EQ(WriteComponentData(ReadForm(binary, Lf()).get(), Lf()), binary);
 }
 
-std::vector<std::string> Lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);)
-        lines.push_back(line);
-    return lines;
-}
-
 // Each change to one reference (a control's, a collection entry's, a menu
 // item's) rewrites that reference's line and nothing else.
 TEST_F(SuiteFormTest, ChangingAReferenceIdRewritesOnlyItsLine)
@@ -319,12 +311,12 @@ TEST_F(SuiteFormTest, ChangingAReferenceIdRewritesOnlyItsLine)
          [](TComponent& f) { dynamic_cast<TQzMenuItem*>(f.FindComponent("MiWindows"))->Privilege()->SetId(8); },
          "      Privilege.Id = 8"},
     };
-    const std::vector<std::string> before = Lines(SuiteForm);
+    const std::vector<std::string> before = TextLines(SuiteForm);
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Name);
         std::unique_ptr<TComponent> form = ReadForm(SuiteForm, Lf());
         c.Change(*form);
-        const std::vector<std::string> after = Lines(WriteFormText(form.get(), Lf()));
+        const std::vector<std::string> after = TextLines(WriteFormText(form.get(), Lf()));
         ASSERT_EQ(after.size(), before.size());
         std::vector<std::string> changed;
         for (size_t i = 0; i < after.size(); ++i)

@@ -5,6 +5,7 @@
 #include "ModelTestSupport.h"
 
 #include "rtl/ComponentStream.h"
+#include "support/TextLines.h"
 
 #include <gtest/gtest.h>
 
@@ -48,15 +49,6 @@ T* Find(TComponent* root, const AnsiString& name)
     auto* found = dynamic_cast<T*>(root->FindComponent(name));
     EXPECT_NE(found, nullptr) << name.c_str();
     return found;
-}
-
-std::vector<std::string> Lines(const std::string& s)
-{
-    std::vector<std::string> out;
-    std::stringstream ss(s);
-    for (std::string l; std::getline(ss, l);)
-        out.push_back(l);
-    return out;
 }
 
 // The form text of a form holding one strings package, with the package's
@@ -114,7 +106,7 @@ TEST(PackageInForm, WhatTheModelDoesNotKnowStaysInItsPlace)
 {
     Register();
     // Foreign lines around and inside the package.
-    std::vector<std::string> lines = Lines(StringsForm());
+    std::vector<std::string> lines = TextLines(StringsForm());
     auto at = [&](const std::string& start) {
         for (size_t i = 0; i < lines.size(); ++i)
             if (lines[i].rfind(start, 0) == 0)
@@ -135,8 +127,8 @@ TEST(PackageInForm, WhatTheModelDoesNotKnowStaysInItsPlace)
 
     // One label changed: only the package's data lines differ.
     Find<TQzPkgStrings>(form.get(), "PkgStrings1")->Labels()->FindId(0)->SetText("Save as");
-    const std::vector<std::string> after = Lines(WriteFormText(form.get(), Lf()));
-    std::vector<std::string> before = Lines(text);
+    const std::vector<std::string> after = TextLines(WriteFormText(form.get(), Lf()));
+    std::vector<std::string> before = TextLines(text);
     auto withoutData = [](const std::vector<std::string>& ls) {
         std::vector<std::string> out;
         bool inData = false;
