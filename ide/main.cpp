@@ -6,6 +6,7 @@
 #include "ide/QzPalette.h"
 
 #include "runtime/components/QzComponentsReg.h"
+#include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/system/QzSystemData.h"
 #include "vcl/QzDialogs.h"
@@ -41,6 +42,7 @@ int main(int argc, char** argv)
     RegisterQzComponentClasses();
     RegisterQzPkgFileFormats();
     RegisterQzSystemData();
+    RegisterQzStandardWindows();
     const TQzPackageLoad package = QzLoadDesignPackage(QApplication::applicationDirPath());
 
     TQzMainWindow window;

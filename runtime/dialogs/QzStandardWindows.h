@@ -1,0 +1,6 @@
+#pragma once
+// Installs the calculator and calendar windows as the application object's
+// standard windows (TQzCApplication::Calculator and Calendar). Hosts call
+// it once at start; the model itself knows no windows.
+
+void RegisterQzStandardWindows();
