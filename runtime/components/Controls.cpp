@@ -1,11 +1,13 @@
 #include "runtime/components/Controls.h"
 
+#include "runtime/components/ControlAlign.h"
 #include "runtime/components/Menus.h"
 
 #include "rtl/Filer.h"
 
 #include <algorithm>
 #include <climits>
+#include <utility>
 
 // ---- Types --------------------------------------------------------------------
 
@@ -133,6 +135,24 @@ const TTypeInfo* TypeInfo_TKeyPressEvent()
     return t;
 }
 
+namespace {
+
+// A flag or level that holds a value while a scope runs, however it ends.
+template <class T>
+class TScopedValue {
+public:
+    TScopedValue(T& target, T value) : FTarget(target), FOld(target) { target = value; }
+    ~TScopedValue() { FTarget = FOld; }
+    TScopedValue(const TScopedValue&) = delete;
+    TScopedValue& operator=(const TScopedValue&) = delete;
+
+private:
+    T& FTarget;
+    T FOld;
+};
+
+}  // namespace
+
 void QzFreeChildComponents(TComponent* parent)
 {
     while (parent->ChildCount() > 0)
@@ -171,7 +191,15 @@ TControl::TControl(TComponent* owner) : TComponent(owner), FFont(std::make_uniqu
     FFont->OnChange = [this] { FontChanged(); };
 }
 
-TControl::~TControl() = default;
+// A control freed from a parent that lives on leaves a gap its aligned
+// siblings close.
+TControl::~TControl()
+{
+    if (TWinControl* parent = Parent()) {
+        TComponent::SetParentComponent(nullptr);
+        parent->AlignControls(nullptr);
+    }
+}
 
 TWinControl* TControl::Parent() const
 {
@@ -187,16 +215,98 @@ void TControl::SetParentComponent(TComponent* parent)
 {
     if (parent == GetParentComponent())
         return;
+    TWinControl* old = Parent();
     TComponent::SetParentComponent(parent);
     ParentChanged();
+    if (ComponentState().Contains(csLoading))
+        return;
+    UpdateAnchorRules();
+    if (old)
+        old->AlignControls(nullptr);
+    RequestAlign();
 }
 
+// The inside is placed before the parent puts this control in line; should
+// the parent change the size again, that SetBounds places the inside anew.
 void TControl::SetBounds(Integer left, Integer top, Integer width, Integer height)
 {
+    if (left == FLeft && top == FTop && width == FWidth && height == FHeight)
+        return;
+    const bool resized = width != FWidth || height != FHeight;
     FLeft = left;
     FTop = top;
     FWidth = width;
     FHeight = height;
+    if (ComponentState().Contains(csLoading))
+        return;
+    UpdateAnchorRules();
+    if (resized)
+        ClientResized();
+    if (IsAligned())
+        RequestAlign();
+}
+
+void TControl::SetAlignedBounds(const TRect& bounds)
+{
+    TScopedValue<bool> moving(FAnchorMove, true);
+    SetBounds(bounds.Left, bounds.Top, bounds.Width(), bounds.Height());
+}
+
+// Turning between a row (top, bottom) and a column (left, right) turns the
+// control too, so a bar keeps its thickness.
+void TControl::SetAlign(TAlign value)
+{
+    if (value == FAlign)
+        return;
+    const TAlign old = FAlign;
+    FAlign = value;
+    if (ComponentState().Contains(csLoading))
+        return;
+    const auto isRow = [](TAlign a) { return a == alTop || a == alBottom; };
+    const auto isColumn = [](TAlign a) { return a == alLeft || a == alRight; };
+    if ((isRow(old) && isColumn(value)) || (isColumn(old) && isRow(value))) {
+        std::swap(FWidth, FHeight);
+        ClientResized();
+    }
+    UpdateAnchorRules();
+    RequestAlign();
+}
+
+void TControl::SetAnchors(TAnchors value)
+{
+    FAnchors = value;
+    UpdateAnchorRules();
+}
+
+// At design time a hidden control keeps its share; at run time it gives it up.
+void TControl::SetVisible(bool value)
+{
+    if (value == FVisible)
+        return;
+    FVisible = value;
+    if (!ComponentState().Contains(csLoading) && IsAligned())
+        RequestAlign();
+}
+
+void TControl::Loaded()
+{
+    TComponent::Loaded();
+    UpdateAnchorRules();
+}
+
+void TControl::RequestAlign()
+{
+    if (TWinControl* parent = Parent())
+        parent->AlignControls(this);
+}
+
+void TControl::UpdateAnchorRules()
+{
+    if (FAnchorMove || ComponentState().Contains(csLoading))
+        return;
+    const TWinControl* parent = Parent();
+    FAnchorRules = parent ? QzTakeAnchorRules(FAnchors, BoundsRect(), parent->ClientWidth(), parent->ClientHeight())
+                          : TAnchorRules{};
 }
 
 void TControl::SetShowHint(bool value)
@@ -304,6 +414,8 @@ TWinControl::TWinControl(TComponent* owner) : TControl(owner) {}
 
 TWinControl::~TWinControl()
 {
+    // The contents go with this control: nothing is placed again on the way.
+    ++FAlignLevel;
     QzFreeChildComponents(this);
 }
 
@@ -387,6 +499,34 @@ void TWinControl::SetParentComponent(TComponent* parent)
     for (size_t i = 0; i < before.size(); ++i)
         before[i]->FTabOrder = Integer(i);
     FTabOrder = parent ? Integer(WindowedChildren(parent).size()) - 1 : -1;
+}
+
+void TWinControl::AdjustClientRect(TRect&) const {}
+
+void TWinControl::AlignControls(TControl* changed)
+{
+    if (FAlignLevel > 0 || ComponentState().Contains(csLoading) || ComponentState().Contains(csDestroying))
+        return;
+    std::vector<TControl*> controls;
+    std::vector<TAlignedControl> placing;
+    int changedAt = -1;
+    for (int i = 0; i < ChildCount(); ++i) {
+        auto* control = dynamic_cast<TControl*>(Child(i));
+        if (!control || control->ComponentState().Contains(csLoading))
+            continue;
+        if (control == changed)
+            changedAt = int(controls.size());
+        controls.push_back(control);
+        const bool shares = control->FVisible || control->ComponentState().Contains(csDesigning);
+        placing.push_back({control->FAlign, control->FAnchors, control->BoundsRect(), control->FAnchorRules, shares});
+    }
+    TRect client{0, 0, ClientWidth(), ClientHeight()};
+    AdjustClientRect(client);
+    const std::vector<TRect> bounds = QzAlignBounds(placing, changedAt, client, ClientWidth(), ClientHeight());
+    TScopedValue<int> aligning(FAlignLevel, FAlignLevel + 1);
+    for (size_t i = 0; i < controls.size(); ++i)
+        if (!(bounds[i] == placing[i].Bounds))
+            controls[i]->SetAlignedBounds(bounds[i]);
 }
 
 void TWinControl::PropagateToChildren()

@@ -60,6 +60,28 @@ using TAnchors = TEnumSet<TAnchorKind>;
 const TTypeInfo* TypeInfo_TAnchorKind();
 const TTypeInfo* TypeInfo_TAnchors();
 
+// A rectangle by its edges, in the parent's client coordinates.
+struct TRect {
+    Integer Left = 0;
+    Integer Top = 0;
+    Integer Right = 0;
+    Integer Bottom = 0;
+    Integer Width() const { return Right - Left; }
+    Integer Height() const { return Bottom - Top; }
+    bool operator==(const TRect&) const = default;
+};
+
+// What an anchored control remembers of its place (see ControlAlign.h):
+// per axis the size, the near edge or the centre, and the parent's client
+// size they were taken at. A parent size of 0 means nothing to keep.
+struct TAnchorRules {
+    Integer X = 0;
+    Integer Y = 0;
+    Integer ParentWidth = 0;
+    Integer ParentHeight = 0;
+    bool operator==(const TAnchorRules&) const = default;
+};
+
 enum TAlignment { taLeftJustify, taRightJustify, taCenter };
 const TTypeInfo* TypeInfo_TAlignment();
 
@@ -157,21 +179,28 @@ public:
     void SetWidth(Integer value) { SetBounds(FLeft, FTop, value, FHeight); }
     Integer Height() const { return FHeight; }
     void SetHeight(Integer value) { SetBounds(FLeft, FTop, FWidth, value); }
+    // An aligned control's parent puts it back in line at once, so only
+    // the size its alignment leaves free (an alTop control's height, an
+    // alLeft control's width) sticks.
     virtual void SetBounds(Integer left, Integer top, Integer width, Integer height);
+    TRect BoundsRect() const { return {FLeft, FTop, FLeft + FWidth, FTop + FHeight}; }
     // The inside of the control; a form subtracts its frame.
     virtual Integer ClientWidth() const { return FWidth; }
     virtual Integer ClientHeight() const { return FHeight; }
 
+    // Alignment and anchors act on changes made after a form is loaded,
+    // never on the form as it was read.
     TAlign Align() const { return FAlign; }
-    void SetAlign(TAlign value) { FAlign = value; }
+    void SetAlign(TAlign value);
     TAnchors Anchors() const { return FAnchors; }
-    void SetAnchors(TAnchors value) { FAnchors = value; }
+    void SetAnchors(TAnchors value);
+    const TAnchorRules& AnchorRules() const { return FAnchorRules; }
     TCursor Cursor() const { return FCursor; }
     void SetCursor(TCursor value) { FCursor = value; }
     bool Enabled() const { return FEnabled; }
     void SetEnabled(bool value) { FEnabled = value; }
     bool Visible() const { return FVisible; }
-    void SetVisible(bool value) { FVisible = value; }
+    void SetVisible(bool value);
 
     // Caption and Text are one string, as in the class library; a class
     // publishes whichever of the two it shows.
@@ -207,9 +236,15 @@ public:
     void SetEventHandler(const AnsiString& event, const AnsiString& handler);
 
     void Notification(TComponent* component, TOperation operation) override;
+    // Takes the anchors' distances from the bounds as read.
+    void Loaded() override;
 
 protected:
     friend class TWinControl;
+
+    // The size changed (not while loading): a windowed control places its
+    // contents again.
+    virtual void ClientResized() {}
 
     // The parent's colour, font or hint flag changed (or the control came
     // under a new parent): take them over where the Parent... flags say so.
@@ -260,6 +295,15 @@ private:
     bool IsFontStored() const { return !FParentFont; }
     bool IsShowHintStored() const { return !FParentShowHint; }
     void FontChanged();
+    bool IsAligned() const { return FAlign != alNone && FAlign != alCustom; }
+    // The parent places its aligned controls again, this one first among
+    // those of its alignment.
+    void RequestAlign();
+    // Remembers the distances the anchors keep, from the bounds as they are.
+    void UpdateAnchorRules();
+    // Bounds given by the parent's alignment: they leave the anchors' rules
+    // as they were.
+    void SetAlignedBounds(const TRect& bounds);
 
     Integer FLeft = 0;
     Integer FTop = 0;
@@ -267,6 +311,8 @@ private:
     Integer FHeight = 0;
     TAlign FAlign = alNone;
     TAnchors FAnchors{akLeft, akTop};
+    TAnchorRules FAnchorRules;
+    bool FAnchorMove = false;
     TCursor FCursor = crDefault;
     bool FEnabled = true;
     bool FVisible = true;
@@ -287,6 +333,7 @@ private:
 
 class TWinControl : public TControl {
     QZ_CLASS(TWinControl, TControl)
+    friend class TControl;
 
 public:
     explicit TWinControl(TComponent* owner);
@@ -309,14 +356,29 @@ public:
 
     void SetParentComponent(TComponent* parent) override;
 
+    // Places the aligned controls inside and moves the anchored ones to the
+    // client size as it is now.
+    void Realign() { AlignControls(nullptr); }
+    // The part of the client area the aligned controls share out; a control
+    // with a frame or tabs of its own keeps them free.
+    virtual void AdjustClientRect(TRect& rect) const;
+
 protected:
     void PropagateToChildren() override;
+    void ClientResized() override { Realign(); }
+    // changed goes first among the controls of its alignment, so the one
+    // the designer just moved wins a tie. Does nothing while this control
+    // loads, is freed or is placing its controls already.
+    void AlignControls(TControl* changed);
 
 private:
     static void DeclareProperties(TClassBuilder<TWinControl>& b);
 
     Integer FTabOrder = -1;
     bool FTabStop = false;
+    // Above 0 while the controls inside are being placed (and for good once
+    // the control is being freed): their own requests are dropped then.
+    int FAlignLevel = 0;
 };
 
 // A control drawn on its parent, without a window of its own (labels,

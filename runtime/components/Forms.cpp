@@ -141,6 +141,15 @@ Integer TCustomForm::FrameHeight() const
     }
 }
 
+void TCustomForm::SetBorderStyle(TFormBorderStyle value)
+{
+    if (value == FBorderStyle)
+        return;
+    FBorderStyle = value;
+    if (!ComponentState().Contains(csLoading))
+        Realign();
+}
+
 void TCustomForm::SetActiveControl(TWinControl* value)
 {
     QzSetReference(this, FActiveControl, value);

@@ -59,7 +59,8 @@ public:
     Integer FrameHeight() const;
 
     TFormBorderStyle BorderStyle() const { return FBorderStyle; }
-    void SetBorderStyle(TFormBorderStyle value) { FBorderStyle = value; }
+    // The frame changes the client area, so the aligned controls follow.
+    void SetBorderStyle(TFormBorderStyle value);
     TBorderIcons BorderIcons() const { return FBorderIcons; }
     void SetBorderIcons(TBorderIcons value) { FBorderIcons = value; }
     TPosition Position() const { return FPosition; }

@@ -126,6 +126,27 @@ void TQzCustomPageControl::Notification(TComponent* component, TOperation operat
         QzClearReference(Page(i)->FTabSheet, component);
 }
 
+void TQzCustomPageControl::AdjustClientRect(TRect& rect) const
+{
+    constexpr Integer Frame = 4;
+    const Integer tabs = FTabHeight > 0 ? FTabHeight : 20;
+    rect = {rect.Left + Frame, rect.Top + Frame, rect.Right - Frame, rect.Bottom - Frame};
+    switch (FTabPosition) {
+    case tpTop:
+        rect.Top += tabs;
+        break;
+    case tpBottom:
+        rect.Bottom -= tabs;
+        break;
+    case tpLeft:
+        rect.Left += tabs;
+        break;
+    case tpRight:
+        rect.Right -= tabs;
+        break;
+    }
+}
+
 void TQzPageControl::DeclareProperties(TClassBuilder<TQzPageControl>& b)
 {
     QzDeclareValue(b);

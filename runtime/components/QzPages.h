@@ -67,6 +67,8 @@ public:
     int ActivePageIndex() const { return IndexOfSheet(FActivePage); }
 
     void Notification(TComponent* component, TOperation operation) override;
+    // The sheets fill the page's frame beside the row of tabs.
+    void AdjustClientRect(TRect& rect) const override;
 
 private:
     static void DeclareProperties(TClassBuilder<TQzCustomPageControl>& b);

@@ -372,6 +372,16 @@ TQzPanel::TQzPanel(TComponent* owner) : TQzWinControl(owner)
     SetBounds(0, 0, 185, 41);
 }
 
+void TQzPanel::AdjustClientRect(TRect& rect) const
+{
+    Integer inset = FBorderWidth;
+    if (FBevelOuter != bvNone)
+        inset += FBevelWidth;
+    if (FBevelInner != bvNone)
+        inset += FBevelWidth;
+    rect = {rect.Left + inset, rect.Top + inset, rect.Right - inset, rect.Bottom - inset};
+}
+
 void TQzScrollBox::DeclareProperties(TClassBuilder<TQzScrollBox>& b)
 {
     b.Property("AutoScroll", &TQzScrollBox::FAutoScroll).Default(true);

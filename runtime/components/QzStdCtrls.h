@@ -351,6 +351,8 @@ class TQzPanel : public TQzWinControl {
 
 public:
     explicit TQzPanel(TComponent* owner);
+    // The border and the bevels are kept free of aligned controls.
+    void AdjustClientRect(TRect& rect) const override;
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPanel>& b);

@@ -1,0 +1,213 @@
+// Aligned controls share out their parent's client area and anchored ones
+// keep their distances as the designer edits them; a form as read is never
+// moved, and a change moves only what it has to.
+
+#include "runtime/components/ControlAlign.h"
+#include "runtime/components/Forms.h"
+#include "runtime/components/QzComponentsReg.h"
+#include "runtime/components/QzPages.h"
+#include "runtime/components/QzStdCtrls.h"
+
+#include "rtl/ComponentStream.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace {
+
+using TBox = std::array<Integer, 4>;   // left, top, width, height
+
+TBox Box(const TControl* c) { return {c->Left(), c->Top(), c->Width(), c->Height()}; }
+
+class Align : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        RegisterQzComponentClasses();
+        RegisterFormClasses();
+        FForm.SetDesigning(true);
+        SetClientSize(400, 300);
+    }
+    // Sized and aligned first, then placed, as the designer drops a control.
+    TControl* Add(TWinControl* parent, TAlign align, const TBox& b, TControl* c = nullptr)
+    {
+        c = c ? c : new TCustomControl(&FForm);
+        c->SetBounds(b[0], b[1], b[2], b[3]);
+        c->SetAlign(align);
+        c->SetParent(parent);
+        return c;
+    }
+    void SetClientSize(Integer w, Integer h) { FForm.SetBounds(0, 0, w + FForm.FrameWidth(), h + FForm.FrameHeight()); }
+    TForm FForm{nullptr};
+};
+
+TEST(AlignBounds, TopsByTheirTopBottomsFromTheBottomUpAndTheChangedOneWinsATie)
+{
+    const struct {
+        TAlign Align;
+        int Changed;
+        std::vector<TBox> In, Out;
+    } cases[] = {
+        {alTop, -1, {{0, 50, 9, 10}, {0, 0, 9, 20}, {0, 50, 9, 5}}, {{0, 20, 400, 10}, {0, 0, 400, 20}, {0, 30, 400, 5}}},
+        {alBottom, -1, {{0, 0, 9, 10}, {0, 280, 9, 20}, {0, 5, 9, 5}}, {{0, 265, 400, 10}, {0, 280, 400, 20}, {0, 275, 400, 5}}},
+        {alLeft, 1, {{0, 0, 30, 9}, {0, 0, 40, 9}}, {{40, 0, 30, 300}, {0, 0, 40, 300}}},
+    };
+    for (const auto& c : cases) {
+        std::vector<TAlignedControl> in;
+        for (const TBox& b : c.In)
+            in.push_back({c.Align, {akLeft, akTop}, {b[0], b[1], b[0] + b[2], b[1] + b[3]}, {}, true});
+        std::vector<TBox> out;
+        for (const TRect& r : QzAlignBounds(in, c.Changed, {0, 0, 400, 300}, 400, 300))
+            out.push_back({r.Left, r.Top, r.Width(), r.Height()});
+        EXPECT_EQ(out, c.Out) << c.Align;
+    }
+}
+
+TEST_F(Align, RowsThenColumnsThenTheClientInsideFramesBevelsAndTabs)
+{
+    TControl* top = Add(&FForm, alTop, {5, 5, 10, 30});
+    TControl* bottom = Add(&FForm, alBottom, {5, 5, 10, 20});
+    Add(&FForm, alLeft, {5, 5, 50, 10});
+    TControl* right = Add(&FForm, alRight, {5, 5, 60, 10});
+    auto* client = static_cast<TWinControl*>(Add(&FForm, alClient, {5, 5, 10, 10}, new TQzPanel(&FForm)));
+    TControl* inner = Add(client, alBottom, {0, 0, 10, 10});
+    EXPECT_EQ(Box(top), (TBox{0, 0, 400, 30}));
+    EXPECT_EQ(Box(bottom), (TBox{0, 280, 400, 20}));
+    EXPECT_EQ(Box(right), (TBox{340, 30, 60, 250}));
+    EXPECT_EQ(Box(client), (TBox{50, 30, 290, 250}));
+    EXPECT_EQ(Box(inner), (TBox{1, 239, 288, 10}));   // inside the panel's bevel
+
+    FForm.SetBorderStyle(bsNone);   // the frame's room goes to the client area
+    EXPECT_EQ(Box(right), (TBox{348, 30, 60, 277}));
+    EXPECT_EQ(Box(inner), (TBox{1, 266, 296, 10}));
+
+    auto* pages = static_cast<TQzPageControl*>(Add(&FForm, alNone, {0, 0, 289, 193}, new TQzPageControl(&FForm)));
+    TQzTabSheet* sheet = pages->AddPage()->TabSheet();
+    pages->SetWidth(300);
+    EXPECT_EQ(Box(sheet), (TBox{4, 24, 292, 165}));
+}
+
+TEST_F(Align, OnlyWhatTheAlignmentLeavesFreeSticksAndUnalignedControlsStay)
+{
+    TControl* a = Add(&FForm, alTop, {0, 0, 10, 30});
+    TControl* b = Add(&FForm, alTop, {0, 100, 10, 20});
+    TControl* client = Add(&FForm, alClient, {0, 0, 10, 10});
+    a->SetBounds(33, 10, 55, 40);
+    EXPECT_EQ(Box(a), (TBox{0, 0, 400, 40}));
+    EXPECT_EQ(Box(client), (TBox{0, 60, 400, 240}));
+    a->SetTop(51);   // dragged below b: they change places
+    EXPECT_EQ(Box(b), (TBox{0, 0, 400, 20}));
+    EXPECT_EQ(Box(a), (TBox{0, 20, 400, 40}));
+    a->SetAlign(alLeft);   // a row turned into a column keeps its thickness
+    EXPECT_EQ(Box(a), (TBox{0, 20, 40, 280}));
+
+    client->SetAlign(alNone);
+    EXPECT_EQ(Box(client), (TBox{40, 20, 360, 280}));
+    SetClientSize(500, 400);
+    EXPECT_EQ(Box(client), (TBox{40, 20, 360, 280}));
+    EXPECT_EQ(Box(a), (TBox{0, 20, 40, 380}));
+}
+
+TEST_F(Align, ControlsEnteringLeavingFreedOrHiddenChangeTheShares)
+{
+    TControl* top = Add(&FForm, alTop, {0, 0, 10, 30});
+    TControl* client = Add(&FForm, alClient, {0, 0, 10, 10});
+    auto* other = static_cast<TWinControl*>(Add(&FForm, alNone, {0, 0, 200, 100}));
+    top->SetVisible(false);   // designed: it keeps its share
+    EXPECT_EQ(Box(client), (TBox{0, 30, 400, 270}));
+    top->SetParent(other);
+    EXPECT_EQ(Box(client), (TBox{0, 0, 400, 300}));
+    EXPECT_EQ(Box(top), (TBox{0, 0, 200, 30}));
+    top->SetParent(&FForm);
+    EXPECT_EQ(Box(client), (TBox{0, 30, 400, 270}));
+    delete top;
+    EXPECT_EQ(Box(client), (TBox{0, 0, 400, 300}));
+
+    FForm.SetDesigning(false);   // at run time a hidden control gives up its share
+    TControl* bar = Add(&FForm, alBottom, {0, 0, 10, 40});
+    EXPECT_EQ(client->Height(), 260);
+    bar->SetVisible(false);
+    EXPECT_EQ(client->Height(), 300);
+}
+
+TEST_F(Align, AnchoredControlsKeepTheirDistancesAsTheParentGrowsAndShrinks)
+{
+    const struct {
+        TAnchors Anchors;
+        TBox Grown, Shrunk;   // client 500 x 400, 300 x 200
+    } cases[] = {
+        {{akLeft, akTop}, {100, 200, 280, 30}, {100, 200, 280, 30}},
+        {{akRight, akBottom}, {200, 300, 280, 30}, {0, 100, 280, 30}},
+        {{akLeft, akRight}, {100, 272, 380, 30}, {100, 128, 180, 30}},
+        {{}, {160, 272, 280, 30}, {40, 128, 280, 30}},
+        {{akLeft, akTop, akBottom}, {100, 200, 280, 130}, {100, 200, 280, 0}},
+    };
+    for (const auto& c : cases) {
+        SetClientSize(400, 300);
+        TControl* control = Add(&FForm, alNone, {100, 200, 280, 30});
+        control->SetAnchors(c.Anchors);
+        SetClientSize(500, 400);
+        EXPECT_EQ(Box(control), c.Grown) << GetSetProp(control, "Anchors");
+        SetClientSize(300, 200);
+        EXPECT_EQ(Box(control), c.Shrunk) << GetSetProp(control, "Anchors");
+        SetClientSize(400, 300);
+        EXPECT_EQ(Box(control), (TBox{100, 200, 280, 30})) << GetSetProp(control, "Anchors");
+        if (c.Anchors == TAnchors{akRight, akBottom}) {   // moved by the designer: the new distance counts
+            control->SetLeft(50);
+            SetClientSize(450, 300);
+            EXPECT_EQ(control->Left(), 100);
+        }
+        delete control;
+    }
+}
+
+const char* const LoadedForm = R"(object Form1: TForm
+  Width = 408
+  Height = 327
+  object PnTop: TCustomControl
+    Left = 0
+    Top = 0
+    Width = 400
+    Height = 41
+    Align = alTop
+  end
+  object PnClient: TCustomControl
+    Left = 0
+    Top = 41
+    Width = 400
+    Height = 259
+    Align = alClient
+    object BtOk: TCustomControl
+      Left = 190
+      Top = 220
+      Width = 75
+      Height = 25
+      Anchors = [akRight, akBottom]
+    end
+  end
+end
+)";
+
+TEST_F(Align, AFormIsNeverMovedAsReadAndAChangeMovesOnlyWhatItMust)
+{
+    std::string misfit = LoadedForm;   // bounds the alignment would not give
+    misfit.replace(misfit.find("Width = 400"), 11, "Width = 350");
+    for (const std::string& text : {std::string(LoadedForm), misfit}) {
+        auto form = ReadForm(text, DetectFormTextOptions(text));
+        form->SetDesigning(true);
+        EXPECT_EQ(WriteFormText(form.get(), DetectFormTextOptions(text)), text);
+    }
+    auto form = ReadForm(LoadedForm, DetectFormTextOptions(LoadedForm));
+    form->SetDesigning(true);
+    static_cast<TControl*>(form->FindComponent("PnTop"))->SetAlign(alNone);
+    std::string expected = LoadedForm;
+    for (const auto& [from, to] : std::vector<std::pair<std::string, std::string>>{
+             {"    Align = alTop\n", ""},
+             {"Top = 41\n    Width = 400\n    Height = 259", "Top = 0\n    Width = 400\n    Height = 300"},
+             {"Top = 220", "Top = 261"}})
+        expected.replace(expected.find(from), from.size(), to);
+    EXPECT_EQ(WriteFormText(form.get(), DetectFormTextOptions(LoadedForm)), expected);
+}
+
+}  // namespace
