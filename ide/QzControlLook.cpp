@@ -171,6 +171,21 @@ bool QzIsControl(TComponent* component)
     return FindStreamed(component, "Width") || FindStreamed(component, "Height");
 }
 
+bool QzIsContainer(TComponent* component)
+{
+    switch (QzLookOf(StreamedClassName(component))) {
+    case TQzLook::Panel:
+    case TQzLook::GroupBox:
+    case TQzLook::TabSheet:
+        return true;
+    case TQzLook::Box:
+        // A registered windowed control of a kind not drawn on its own.
+        return dynamic_cast<TWinControl*>(component) != nullptr;
+    default:
+        return false;
+    }
+}
+
 QRect QzControlBounds(TComponent* component)
 {
     if (auto* control = dynamic_cast<TControl*>(component))
@@ -200,6 +215,13 @@ void QzSetIconPosition(TComponent* component, const QPoint& position)
 {
     if (auto* nonVisual = dynamic_cast<TNonVisualComponent*>(component))
         nonVisual->SetDesignPosition(std::clamp(position.x(), 0, 0xFFFF), std::clamp(position.y(), 0, 0xFFFF));
+}
+
+QRect QzDesignRect(TComponent* component)
+{
+    if (QzIsControl(component))
+        return QzControlBounds(component);
+    return QRect(QzIconPosition(component), QSize(QzIconSize, QzIconSize));
 }
 
 QSize QzClientSize(TComponent* root)

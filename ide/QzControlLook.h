@@ -41,6 +41,8 @@ AnsiString QzTextValue(TComponent* component, const AnsiString& name);
 // A control has bounds and sits on a parent; everything else the form owns
 // is non-visual and shown as an icon.
 bool QzIsControl(TComponent* component);
+// A control that holds other controls: panels, group boxes, page sheets.
+bool QzIsContainer(TComponent* component);
 // Left, Top, Width and Height relative to the parent.
 QRect QzControlBounds(TComponent* component);
 // A control whose bounds the designer can change (its class is registered).
@@ -52,6 +54,11 @@ void QzSetControlBounds(TComponent* component, const QRect& bounds);
 QPoint QzIconPosition(TComponent* component);
 bool QzCanMoveIcon(TComponent* component);
 void QzSetIconPosition(TComponent* component, const QPoint& position);
+// The side of the square a non-visual component is shown as.
+inline constexpr int QzIconSize = 28;
+// Where a component lies within its parent: a control's bounds, a
+// non-visual component's icon.
+QRect QzDesignRect(TComponent* component);
 
 // The client area's size of a root (a form's client size, a frame's size).
 QSize QzClientSize(TComponent* root);

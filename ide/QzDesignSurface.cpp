@@ -1,6 +1,8 @@
 #include "ide/QzDesignSurface.h"
 
 #include "ide/QzControlLook.h"
+#include "ide/QzDesignNavigation.h"
+#include "ide/QzFormClipboard.h"
 #include "ide/QzIdeDesigner.h"
 #include "ide/QzPalette.h"
 
@@ -22,7 +24,6 @@ namespace {
 
 constexpr int Margin = 8;
 constexpr int HandleSize = 5;
-constexpr int IconSize = 28;
 constexpr int TabHeight = 20;
 
 QString Q(const AnsiString& s) { return QString::fromStdString(s); }
@@ -46,18 +47,6 @@ QSize DefaultSize(TQzLook look)
     case TQzLook::Box: break;
     }
     return {100, 50};
-}
-
-bool IsContainer(TComponent* component)
-{
-    switch (QzLookOf(StreamedClassName(component))) {
-    case TQzLook::Panel:
-    case TQzLook::GroupBox:
-    case TQzLook::TabSheet:
-        return true;
-    default:
-        return dynamic_cast<TWinControl*>(component) && QzLookOf(StreamedClassName(component)) == TQzLook::Box;
-    }
 }
 
 }  // namespace
@@ -150,7 +139,7 @@ QRect TQzDesignSurface::SurfaceRect(TComponent* component) const
     if (!QzIsControl(component)) {
         if (component->GetParentComponent() && component->GetParentComponent() != root)
             return {};
-        return QRect(ClientOrigin() + QzIconPosition(component), QSize(IconSize, IconSize));
+        return QRect(ClientOrigin() + QzIconPosition(component), QSize(QzIconSize, QzIconSize));
     }
     TComponent* parent = component->GetParentComponent();
     QRect bounds = QzControlBounds(component);
@@ -189,7 +178,7 @@ TComponent* TQzDesignSurface::ComponentAt(const QPoint& pos) const
 TComponent* TQzDesignSurface::ContainerAt(const QPoint& pos) const
 {
     TComponent* at = ComponentAt(pos);
-    while (at && at != FDesigner->GetRoot() && !IsContainer(at))
+    while (at && at != FDesigner->GetRoot() && !QzIsContainer(at))
         at = at->GetParentComponent();
     if (at && QzLookOf(StreamedClassName(at)) == TQzLook::PageControl)
         at = ActiveSheet(at);
@@ -583,12 +572,32 @@ void TQzDesignSurface::mouseDoubleClickEvent(QMouseEvent* event)
         EditComponent(ComponentAt(event->position().toPoint()));
 }
 
+bool TQzDesignSurface::focusNextPrevChild(bool)
+{
+    // Tab chooses among the form's components; focus stays on the form.
+    return false;
+}
+
 void TQzDesignSurface::keyPressEvent(QKeyEvent* event)
 {
+    TComponent* root = FDesigner->GetRoot();
+    TComponent* current = FDesigner->SelectedComponents().front();
+    const Qt::KeyboardModifiers modifiers = event->modifiers() & ~Qt::KeypadModifier;
     int dx = 0, dy = 0;
     switch (event->key()) {
     case Qt::Key_Delete:
         FDesigner->DeleteComponents(FDesigner->SelectedComponents());
+        return;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: {
+        const bool forward = event->key() == Qt::Key_Tab && !(modifiers & Qt::ShiftModifier);
+        if (TComponent* next = QzNextSibling(root, current, forward))
+            SelectOnly(next);
+        return;
+    }
+    case Qt::Key_Escape:
+        if (current != root)
+            SelectOnly(QzDesignParent(root, current));
         return;
     case Qt::Key_Left: dx = -1; break;
     case Qt::Key_Right: dx = 1; break;
@@ -598,12 +607,45 @@ void TQzDesignSurface::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    if (event->modifiers() & Qt::ShiftModifier)
+    if (modifiers & Qt::ShiftModifier)
         NudgeSelection(dx, dy, true);
-    else if (event->modifiers() & Qt::ControlModifier)
+    else if (modifiers & Qt::ControlModifier)
         NudgeSelection(dx, dy, false);
-    else
+    else if (modifiers != Qt::NoModifier)
         QWidget::keyPressEvent(event);
+    else if (TComponent* nearest = QzNearestSibling(root, current, dx, dy))
+        SelectOnly(nearest);
+}
+
+void TQzDesignSurface::FillContextMenu(QMenu& menu, TComponent* at)
+{
+    const QStringList verbs = Verbs(at);
+    for (int i = 0; i < verbs.size(); ++i)
+        connect(menu.addAction(verbs[i]), &QAction::triggered, this, [this, at, i] { ExecuteVerb(at, i); });
+    if (!verbs.isEmpty())
+        menu.addSeparator();
+    const bool component = at != FDesigner->GetRoot();
+    const auto add = [&](const QString& text, QKeySequence::StandardKey key, bool enabled, auto slot) {
+        QAction* action = menu.addAction(text);
+        action->setShortcut(key);
+        action->setShortcutVisibleInContextMenu(true);
+        action->setEnabled(enabled);
+        connect(action, &QAction::triggered, this, slot);
+    };
+    add(tr("Cu&t"), QKeySequence::Cut, component, [this] { QzCutSelection(*FDesigner, this); });
+    add(tr("&Copy"), QKeySequence::Copy, component, [this] { QzCopySelection(*FDesigner, this); });
+    add(tr("&Paste"), QKeySequence::Paste, true, [this] { QzPasteClipboard(*FDesigner, this); });
+    add(tr("&Delete"), QKeySequence::Delete, component,
+        [this] { FDesigner->DeleteComponents(FDesigner->SelectedComponents()); });
+    menu.addSeparator();
+    add(tr("Select &All"), QKeySequence::SelectAll, true, [this] { SelectAll(); });
+}
+
+void TQzDesignSurface::SelectAll()
+{
+    TComponent* root = FDesigner->GetRoot();
+    const std::vector<TComponent*> all = QzSelectAllOf(root, FDesigner->SelectedComponents().front());
+    FDesigner->SetSelections(TDesignerSelections(all.begin(), all.end()));
 }
 
 void TQzDesignSurface::contextMenuEvent(QContextMenuEvent* event)
@@ -613,13 +655,6 @@ void TQzDesignSurface::contextMenuEvent(QContextMenuEvent* event)
     if (std::find(selected.begin(), selected.end(), at) == selected.end())
         SelectOnly(at);
     QMenu menu(this);
-    const QStringList verbs = Verbs(at);
-    for (int i = 0; i < verbs.size(); ++i)
-        connect(menu.addAction(verbs[i]), &QAction::triggered, this, [this, at, i] { ExecuteVerb(at, i); });
-    if (!verbs.isEmpty())
-        menu.addSeparator();
-    QAction* del = menu.addAction(tr("Delete"));
-    del->setEnabled(at != FDesigner->GetRoot());
-    connect(del, &QAction::triggered, this, [this] { FDesigner->DeleteComponents(FDesigner->SelectedComponents()); });
+    FillContextMenu(menu, at);
     menu.exec(event->globalPos());
 }

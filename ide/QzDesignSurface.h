@@ -3,10 +3,11 @@
 // area, each control drawn at its bounds within its parent, non-visual
 // components as their palette pictures with their names below. The mouse
 // selects (Shift adds, a rubber band takes every control it touches),
-// moves and sizes by the grab handles; Ctrl+arrows move by one pixel,
-// Shift+arrows size by one, Del deletes. A class chosen on the palette is
-// placed where the form is clicked. Every change is one undo step of the
-// form's designer.
+// moves and sizes by the grab handles. The arrow keys choose the nearest
+// sibling that way, Tab and Shift+Tab the next and previous one, Escape the
+// parent; Ctrl+arrows move by one pixel, Shift+arrows size by one, Del
+// deletes. A class chosen on the palette is placed where the form is
+// clicked. Every change is one undo step of the form's designer.
 
 #include "rtl/Component.h"
 
@@ -17,6 +18,7 @@
 #include <map>
 #include <string>
 
+class QMenu;
 class TIdeDesigner;
 class TMetaClass;
 
@@ -50,6 +52,11 @@ public:
     bool ExecuteVerb(TComponent* component, int index);
     // The double-click: the component editor's Edit.
     bool EditComponent(TComponent* component);
+    // The right-click's menu over at: its verbs, then the clipboard's
+    // commands, Delete and Select All.
+    void FillContextMenu(QMenu& menu, TComponent* at);
+    // The siblings of the selection, or the form's top level.
+    void SelectAll();
 
     QSize sizeHint() const override;
 
@@ -60,6 +67,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:

@@ -101,25 +101,30 @@ void TIdeDesigner::Restore(const std::string& snapshot)
     const TFormFormat format = FForm->StoredFormat();
     const TFormTextOptions options = FForm->TextOptions();
     const int modifiedCount = FForm->ModifiedCount();
+    const std::string current = Snapshot();
+    const auto read = [&](const std::string& stream) {
+        FForm = std::make_unique<TFormDesigner>(ReadForm(stream, options), fileName, format, options);
+        FForm->OnModified = [this] { emit Changed(); };
+        TDesignerSelections selections;
+        for (const AnsiString& name : selected)
+            if (TComponent* c = FForm->GetComponent(name))
+                selections.push_back(c);
+        FForm->SetSelections(selections);
+        emit RootReplaced();
+    };
     // The old components go first: some classes allow one instance per
     // project (the application object) and would refuse a second.
-    const std::string current = Snapshot();
     FForm.reset();
     try {
-        FForm = std::make_unique<TFormDesigner>(ReadForm(snapshot, options), fileName, format, options);
+        read(snapshot);
     } catch (...) {
-        FForm = std::make_unique<TFormDesigner>(ReadForm(current, options), fileName, format, options);
-        FForm->OnModified = [this] { emit Changed(); };
-        emit RootReplaced();
+        // Back as it stood, and as changed against its file as it was.
+        read(current);
+        for (int i = 0; i < modifiedCount; ++i)
+            FForm->Modified();
+        emit SelectionChanged();
         throw;
     }
-    FForm->OnModified = [this] { emit Changed(); };
-    TDesignerSelections selections;
-    for (const AnsiString& name : selected)
-        if (TComponent* c = FForm->GetComponent(name))
-            selections.push_back(c);
-    FForm->SetSelections(selections);
-    emit RootReplaced();
     // An undone change is still a change against the file on disk.
     for (int i = 0; i < std::max(1, modifiedCount); ++i)
         FForm->Modified();
@@ -147,7 +152,7 @@ void TIdeDesigner::Record(const QString& text, std::string before)
     FUndo->push(new TSnapshotCommand(this, text, std::move(before), std::move(after)));
 }
 
-void TIdeDesigner::DeleteComponents(const std::vector<TComponent*>& components)
+void TIdeDesigner::DeleteComponents(const std::vector<TComponent*>& components, const QString& verb)
 {
     std::vector<TComponent*> doomed;
     for (TComponent* c : components)
@@ -155,8 +160,8 @@ void TIdeDesigner::DeleteComponents(const std::vector<TComponent*>& components)
             doomed.push_back(c);
     if (doomed.empty())
         return;
-    Change(doomed.size() == 1 ? QStringLiteral("Delete %1").arg(QString::fromStdString(doomed.front()->Name()))
-                              : QStringLiteral("Delete %1 components").arg(doomed.size()),
+    Change(doomed.size() == 1 ? QStringLiteral("%1 %2").arg(verb, QString::fromStdString(doomed.front()->Name()))
+                              : QStringLiteral("%1 %2 components").arg(verb).arg(doomed.size()),
            [&] {
                FForm->SetSelections({});
                // A component inside another that goes too goes with it.

@@ -67,8 +67,9 @@ public:
     void Change(const QString& text, const std::function<void()>& change);
     // Records a change already made to the form since the snapshot before.
     void Record(const QString& text, std::string before);
-    // Removes the components (and what they hold) as one step.
-    void DeleteComponents(const std::vector<TComponent*>& components);
+    // Removes the components (and what they hold) as one step, named after
+    // verb and what goes.
+    void DeleteComponents(const std::vector<TComponent*>& components, const QString& verb = QStringLiteral("Delete"));
 
     // Writes the form in the format it was read in, keeping Name.~dfm.
     void Save();

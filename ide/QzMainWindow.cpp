@@ -3,6 +3,7 @@
 #include "ide/QzComponentTree.h"
 #include "ide/QzControlLook.h"
 #include "ide/QzDesignSurface.h"
+#include "ide/QzFormClipboard.h"
 #include "ide/QzIdeProject.h"
 #include "ide/QzInspector.h"
 #include "ide/QzPalette.h"
@@ -114,19 +115,25 @@ void TQzMainWindow::BuildMenus()
     edit->addAction(undo);
     edit->addAction(redo);
     edit->addSeparator();
-    edit->addAction(tr("&Delete"), this, [this] {
+    const auto command = [&](const QString& text, QKeySequence::StandardKey key, auto run) {
+        QAction* action = edit->addAction(text, this, [this, run] {
+            if (TIdeDesigner* d = CurrentDesigner())
+                run(d);
+        });
+        action->setShortcut(key);
+        return action;
+    };
+    FCut = command(tr("Cu&t"), QKeySequence::Cut, [this](TIdeDesigner* d) { QzCutSelection(*d, this); });
+    FCopy = command(tr("&Copy"), QKeySequence::Copy, [this](TIdeDesigner* d) { QzCopySelection(*d, this); });
+    FPaste = command(tr("&Paste"), QKeySequence::Paste, [this](TIdeDesigner* d) { QzPasteClipboard(*d, this); });
+    // Del belongs to the designer and the inspector's editors alike.
+    FDelete = edit->addAction(tr("&Delete"), this, [this] {
         if (TIdeDesigner* d = CurrentDesigner())
             d->DeleteComponents(d->SelectedComponents());
     });
-    edit->addAction(tr("Select &All"), this, [this] {
-        TIdeDesigner* d = CurrentDesigner();
-        if (!d)
-            return;
-        TDesignerSelections all;
-        for (int i = 0; i < d->GetRoot()->ComponentCount(); ++i)
-            all.push_back(d->GetRoot()->Components(i));
-        d->SetSelections(all);
-    })->setShortcut(QKeySequence::SelectAll);
+    FSelectAll = command(tr("Select &All"), QKeySequence::SelectAll,
+                         [this](TIdeDesigner* d) { SurfaceOf(d)->SelectAll(); });
+    UpdateEditActions();
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     for (QDockWidget* d : findChildren<QDockWidget*>())
@@ -139,6 +146,18 @@ void TQzMainWindow::BuildMenus()
     tools->addSeparator();
     tools->addAction(undo);
     tools->addAction(redo);
+}
+
+void TQzMainWindow::UpdateEditActions()
+{
+    TIdeDesigner* d = CurrentDesigner();
+    const auto selected = d ? d->SelectedComponents() : std::vector<TComponent*>{};
+    const bool components = !selected.empty() && selected.front() != d->GetRoot();
+    FCut->setEnabled(components);
+    FCopy->setEnabled(components);
+    FDelete->setEnabled(components);
+    FPaste->setEnabled(d != nullptr);
+    FSelectAll->setEnabled(d != nullptr);
 }
 
 void TQzMainWindow::ShowStatus(const QString& text) { statusBar()->showMessage(text); }
@@ -346,6 +365,7 @@ void TQzMainWindow::CurrentTabChanged()
     FUndo->setActiveStack(d ? d->UndoStack() : nullptr);
     if (d)
         FForms->setCurrentRow(FormIndexOf(d));
+    UpdateEditActions();
     SelectionChanged(d);
 }
 
@@ -371,6 +391,7 @@ void TQzMainWindow::SelectionChanged(TIdeDesigner* designer)
 {
     if (!designer || designer != CurrentDesigner())
         return;
+    UpdateEditActions();
     FTree->SyncSelection();
     FInspector->Rebuild();
     const auto selected = designer->SelectedComponents();

@@ -65,6 +65,8 @@ private:
     int TabOf(TIdeDesigner* designer) const;
     int FormIndexOf(TIdeDesigner* designer) const;
     void UpdateTitles();
+    // Cut, Copy and Delete want components selected, Paste a form open.
+    void UpdateEditActions();
     void OpenProjectDialog();
     // Asks whether to save designer's changes: true to go on (saved or
     // discarded), false when cancelled.
@@ -77,5 +79,10 @@ private:
     TQzComponentTree* FTree;
     TQzInspector* FInspector;
     QUndoGroup* FUndo;
+    QAction* FCut = nullptr;
+    QAction* FCopy = nullptr;
+    QAction* FPaste = nullptr;
+    QAction* FDelete = nullptr;
+    QAction* FSelectAll = nullptr;
     std::map<TIdeDesigner*, TQzDesignSurface*> FSurfaces;
 };
