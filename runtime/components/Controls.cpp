@@ -4,6 +4,7 @@
 #include "runtime/components/Menus.h"
 
 #include "rtl/Filer.h"
+#include "rtl/ScopedValue.h"
 
 #include <algorithm>
 #include <climits>
@@ -134,24 +135,6 @@ const TTypeInfo* TypeInfo_TKeyPressEvent()
     static const TTypeInfo* t = DefineMethodType("TKeyPressEvent", "TObject *Sender, char &Key");
     return t;
 }
-
-namespace {
-
-// A flag or level that holds a value while a scope runs, however it ends.
-template <class T>
-class TScopedValue {
-public:
-    TScopedValue(T& target, T value) : FTarget(target), FOld(target) { target = value; }
-    ~TScopedValue() { FTarget = FOld; }
-    TScopedValue(const TScopedValue&) = delete;
-    TScopedValue& operator=(const TScopedValue&) = delete;
-
-private:
-    T& FTarget;
-    T FOld;
-};
-
-}  // namespace
 
 void QzFreeChildComponents(TComponent* parent)
 {

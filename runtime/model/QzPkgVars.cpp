@@ -2,6 +2,7 @@
 
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzPkgStream.h"
+#include "rtl/ScopedValue.h"
 
 #include <algorithm>
 #include <cmath>
@@ -139,24 +140,6 @@ struct TQzVarValue {
     }
 };
 
-namespace {
-
-// Keeps the package quiet while a subtree is freed: one change is reported
-// for the whole of it.
-class TQuiet {
-public:
-    explicit TQuiet(bool& flag) : FFlag(flag), FOld(flag) { FFlag = true; }
-    ~TQuiet() { FFlag = FOld; }
-    TQuiet(const TQuiet&) = delete;
-    TQuiet& operator=(const TQuiet&) = delete;
-
-private:
-    bool& FFlag;
-    bool FOld;
-};
-
-}  // namespace
-
 // ---------------------------------------------------------------------------
 // TQzPkgVarsItem
 
@@ -190,7 +173,8 @@ void TQzPkgVarsItem::FreeChildren()
 {
     std::vector<TQzPkgVarsItem*> children;
     children.swap(FChildren);
-    TQuiet quiet(FPackage->FClearing);
+    // One change is reported for the whole subtree.
+    TScopedValue<bool> quiet(FPackage->FClearing, true);
     for (TQzPkgVarsItem* child : children)
         delete child;
 }
@@ -364,7 +348,8 @@ void TQzPkgVars::FreeItems(std::vector<TQzPkgVarsItem*>& items)
 {
     std::vector<TQzPkgVarsItem*> doomed;
     doomed.swap(items);
-    TQuiet quiet(FClearing);
+    // One change is reported for the whole subtree.
+    TScopedValue<bool> quiet(FClearing, true);
     for (TQzPkgVarsItem* item : doomed)
         delete item;
 }
