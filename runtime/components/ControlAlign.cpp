@@ -116,6 +116,24 @@ TRect TakeShare(const TRect& bounds, TAlign align, TRect& rest)
 
 }  // namespace
 
+TAnchors QzAnchorsOfAlign(TAlign align)
+{
+    switch (align) {
+    case alTop:
+        return {akLeft, akTop, akRight};
+    case alBottom:
+        return {akLeft, akRight, akBottom};
+    case alLeft:
+        return {akLeft, akTop, akBottom};
+    case alRight:
+        return {akRight, akTop, akBottom};
+    case alClient:
+        return {akLeft, akTop, akRight, akBottom};
+    default:
+        return {akLeft, akTop};
+    }
+}
+
 TAnchorRules QzTakeAnchorRules(TAnchors anchors, const TRect& bounds, Integer parentWidth, Integer parentHeight)
 {
     if (anchors == TAnchors{akLeft, akTop})

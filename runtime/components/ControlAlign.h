@@ -25,6 +25,10 @@ struct TAlignedControl {
     bool Shares = true;
 };
 
+// The anchors a control takes when it is given an alignment: the edges the
+// alignment holds it to. A form stores Anchors only where they differ.
+TAnchors QzAnchorsOfAlign(TAlign align);
+
 // The distances to remember for anchors, from bounds inside a parent
 // client of the given size; no rules for the default [akLeft, akTop].
 TAnchorRules QzTakeAnchorRules(TAnchors anchors, const TRect& bounds, Integer parentWidth, Integer parentHeight);

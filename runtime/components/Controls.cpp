@@ -153,7 +153,8 @@ void TControl::DeclareProperties(TClassBuilder<TControl>& b)
     b.Property("Width", &TControl::Width, &TControl::SetWidth);
     b.Property("Height", &TControl::Height, &TControl::SetHeight);
     b.Enum("Align", TypeInfo_TAlign(), &TControl::Align, &TControl::SetAlign, alNone);
-    b.Set("Anchors", TypeInfo_TAnchors(), &TControl::Anchors, &TControl::SetAnchors, TAnchors{akLeft, akTop});
+    b.Set("Anchors", TypeInfo_TAnchors(), &TControl::Anchors, &TControl::SetAnchors, TAnchors{akLeft, akTop})
+        .Stored(&TControl::IsAnchorsStored);
     b.Property("Color", TypeInfo_TGraphicsColor(), &TControl::Color, &TControl::SetColor)
         .Default(clWindow)
         .Stored(&TControl::IsColorStored);
@@ -235,6 +236,8 @@ void TControl::SetAlignedBounds(const TRect& bounds)
     SetBounds(bounds.Left, bounds.Top, bounds.Width(), bounds.Height());
 }
 
+// The alignment brings its anchors, while a form is read as well: Anchors
+// comes after Align in the stream and is there only when they differ.
 // Turning between a row (top, bottom) and a column (left, right) turns the
 // control too, so a bar keeps its thickness.
 void TControl::SetAlign(TAlign value)
@@ -243,6 +246,7 @@ void TControl::SetAlign(TAlign value)
         return;
     const TAlign old = FAlign;
     FAlign = value;
+    FAnchors = QzAnchorsOfAlign(value);
     if (ComponentState().Contains(csLoading))
         return;
     const auto isRow = [](TAlign a) { return a == alTop || a == alBottom; };
@@ -253,6 +257,11 @@ void TControl::SetAlign(TAlign value)
     }
     UpdateAnchorRules();
     RequestAlign();
+}
+
+bool TControl::IsAnchorsStored() const
+{
+    return FAnchors != QzAnchorsOfAlign(FAlign);
 }
 
 void TControl::SetAnchors(TAnchors value)

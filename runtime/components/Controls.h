@@ -192,6 +192,7 @@ public:
     // never on the form as it was read.
     TAlign Align() const { return FAlign; }
     void SetAlign(TAlign value);
+    bool IsAnchorsStored() const;
     TAnchors Anchors() const { return FAnchors; }
     void SetAnchors(TAnchors value);
     const TAnchorRules& AnchorRules() const { return FAnchorRules; }

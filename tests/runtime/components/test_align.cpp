@@ -210,4 +210,34 @@ TEST_F(Align, AFormIsNeverMovedAsReadAndAChangeMovesOnlyWhatItMust)
     EXPECT_EQ(WriteFormText(form.get(), DetectFormTextOptions(LoadedForm)), expected);
 }
 
+TEST_F(Align, AnAlignmentBringsItsAnchorsAndOnlyOtherAnchorsAreWritten)
+{
+    std::string text = LoadedForm;   // a second top bar held to all four edges
+    text.replace(text.find("    Align = alTop\n"), 18,
+                 "    Align = alTop\n  end\n  object PnBar: TCustomControl\n    Align = alTop\n"
+                 "    Anchors = [akLeft, akTop, akRight, akBottom]\n");
+    auto form = ReadForm(text, DetectFormTextOptions(text));
+    form->SetDesigning(true);
+    auto* top = static_cast<TControl*>(form->FindComponent("PnTop"));
+    auto* bar = static_cast<TControl*>(form->FindComponent("PnBar"));
+    auto* ok = static_cast<TControl*>(form->FindComponent("BtOk"));
+    EXPECT_EQ(top->Anchors(), (TAnchors{akLeft, akTop, akRight}));
+    EXPECT_EQ(bar->Anchors(), (TAnchors{akLeft, akTop, akRight, akBottom}));
+    EXPECT_EQ(WriteFormText(form.get(), DetectFormTextOptions(text)), text);
+
+    bar->SetAlign(alClient);   // now the anchors it had are its alignment's own
+    ok->SetAlign(alRight);
+    EXPECT_EQ(ok->Anchors(), (TAnchors{akRight, akTop, akBottom}));
+    top->SetAlign(alNone);
+    top->SetAnchors({akLeft, akTop, akRight});   // kept as the designer set it
+    const std::string written = WriteFormText(form.get(), DetectFormTextOptions(text));
+    const auto block = [&](const std::string& name) {
+        const size_t from = written.find("object " + name);
+        return written.substr(from, written.find("end\n", from) - from);
+    };
+    EXPECT_EQ(block("PnBar").find("Anchors"), std::string::npos) << written;
+    EXPECT_EQ(block("BtOk").find("Anchors"), std::string::npos) << written;
+    EXPECT_NE(block("PnTop").find("Anchors = [akLeft, akTop, akRight]"), std::string::npos) << written;
+}
+
 }  // namespace
