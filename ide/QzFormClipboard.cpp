@@ -7,6 +7,8 @@
 
 #include "vcl/QzDialogs.h"
 
+#include "runtime/components/Controls.h"
+
 #include "rtl/Parser.h"
 
 #include <QClipboard>
@@ -53,6 +55,19 @@ bool StartsAsFormText(std::string_view text)
 void Report(const AnsiString& text, QWidget* parent)
 {
     QzMessage(text, mtError, {mbOK}, mbOK, parent);
+}
+
+// A form as read is never moved, so aligned controls that were pasted are
+// put in line with their new siblings here.
+void AlignPasted(TComponent* root, const std::vector<AnsiString>& names)
+{
+    for (const AnsiString& name : names) {
+        auto* control = dynamic_cast<TControl*>(root->FindComponent(name));
+        if (!control || control->Align() == alNone || control->Align() == alCustom)
+            continue;
+        if (TWinControl* parent = control->Parent())
+            parent->Realign();
+    }
 }
 
 QString PasteLabel(const std::vector<AnsiString>& names)
@@ -131,7 +146,10 @@ std::vector<TComponent*> QzPasteText(TIdeDesigner& designer, const std::string& 
     try {
         result = QzPasteIntoForm(root, designer.Snapshot(), QzPasteContainer(designer), std::move(pasted));
         // Reading the form again replaces every component, root included.
-        designer.Change(PasteLabel(result.Names), [&] { designer.Restore(result.Form); });
+        designer.Change(PasteLabel(result.Names), [&] {
+            designer.Restore(result.Form);
+            AlignPasted(designer.GetRoot(), result.Names);
+        });
     } catch (const Exception& e) {
         Report("The components on the clipboard cannot be pasted: " + e.Message(), parent);
         return {};

@@ -43,7 +43,7 @@ object MainForm: TQzCForm
   object PanelTop: TQzPanel
     Left = 0
     Top = 0
-    Width = 504
+    Width = 512
     Height = 41
     Align = alTop
     TabOrder = 0

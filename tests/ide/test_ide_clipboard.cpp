@@ -122,6 +122,25 @@ TEST_F(TIdeClipboardTest, PasteBesideTheOriginalRenamesRetargetsAndOffsets)
     EXPECT_EQ(d->Snapshot(), original);
 }
 
+TEST_F(TIdeClipboardTest, PastedAlignedControlsTakeTheirPlaceInLine)
+{
+    TIdeDesigner* d = Main();
+    Select({"PanelTop"});
+    ASSERT_TRUE(QzCopySelection(*d));
+    d->SelectComponent(nullptr);   // onto the form, not into the panel
+    ASSERT_EQ(Pasted(d, ClipboardText()), std::vector<AnsiString>{"PanelTop1"});
+    // Below the first top bar, across the whole client width.
+    EXPECT_EQ(QzControlBounds(d->GetComponent("PanelTop")), QRect(0, 0, 512, 41));
+    EXPECT_EQ(QzControlBounds(d->GetComponent("PanelTop1")), QRect(0, 41, 512, 41));
+    // Unaligned neighbours stay where they were.
+    EXPECT_EQ(QzControlBounds(d->GetComponent("Pages")).topLeft(), QPoint(8, 48));
+    // Undo takes the bar away as one step, redo brings it back in line.
+    d->UndoStack()->undo();
+    EXPECT_EQ(d->GetComponent("PanelTop1"), nullptr);
+    d->UndoStack()->redo();
+    EXPECT_EQ(QzControlBounds(d->GetComponent("PanelTop1")), QRect(0, 41, 512, 41));
+}
+
 TEST_F(TIdeClipboardTest, PasteGoesIntoTheSelectedContainer)
 {
     TIdeDesigner* d = Main();
