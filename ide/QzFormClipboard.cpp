@@ -8,12 +8,18 @@
 #include "vcl/QzDialogs.h"
 
 #include "runtime/components/Controls.h"
+#include "runtime/components/QzPages.h"
+
+#include "rtl/SysUtils.h"
+#include "rtl/TypInfo.h"
 
 #include "rtl/Parser.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+
+#include <optional>
 
 namespace {
 
@@ -68,6 +74,39 @@ void AlignPasted(TComponent* root, const std::vector<AnsiString>& names)
         if (TWinControl* parent = control->Parent())
             parent->Realign();
     }
+}
+
+// Pasted pages go onto the selected control of their holder's kind (a tab
+// sheet onto a page control), or the one the selection sits in. Says why
+// not when there is none.
+std::optional<AnsiString> PlacePages(TIdeDesigner& designer, const std::vector<TQzStreamNode>& pasted,
+                                     TComponent*& container)
+{
+    for (const TQzStreamNode& node : pasted) {
+        const TMetaClass* cls = GetClass(node.Header.ClassName);
+        TMetaClass* holder = cls ? QzPageHolderClass(cls) : nullptr;
+        if (!holder)
+            continue;
+        TComponent* found = nullptr;
+        for (TComponent* c = designer.SelectedComponents().front(); c && c != designer.GetRoot() && !found;
+             c = c->GetParentComponent())
+            if (c->InheritsFrom(holder))
+                found = c;
+        if (!found)
+            return Format("A %s can be pasted only onto a %s: select one, or one of its pages, first.",
+                          node.Header.ClassName, holder->ClassName());
+        container = found;
+    }
+    return std::nullopt;
+}
+
+// A pasted sheet gets its tab on the page control it went to.
+void GiveSheetsTabs(TComponent* root, const std::vector<AnsiString>& names)
+{
+    for (const AnsiString& name : names)
+        if (auto* sheet = dynamic_cast<TQzTabSheet*>(root->FindComponent(name)))
+            if (TQzCustomPageControl* pages = sheet->PageControl())
+                pages->AddPageFor(sheet);
 }
 
 QString PasteLabel(const std::vector<AnsiString>& names)
@@ -142,12 +181,18 @@ std::vector<TComponent*> QzPasteText(TIdeDesigner& designer, const std::string& 
         return {};
     }
     TComponent* root = designer.GetRoot();
+    TComponent* container = QzPasteContainer(designer);
+    if (const std::optional<AnsiString> refusal = PlacePages(designer, pasted, container)) {
+        Report(*refusal, parent);
+        return {};
+    }
     TQzPasteResult result;
     try {
-        result = QzPasteIntoForm(root, designer.Snapshot(), QzPasteContainer(designer), std::move(pasted));
+        result = QzPasteIntoForm(root, designer.Snapshot(), container, std::move(pasted));
         // Reading the form again replaces every component, root included.
         designer.Change(PasteLabel(result.Names), [&] {
             designer.Restore(result.Form);
+            GiveSheetsTabs(designer.GetRoot(), result.Names);
             AlignPasted(designer.GetRoot(), result.Names);
         });
     } catch (const Exception& e) {

@@ -90,6 +90,13 @@ TQzPageItem* TQzCustomPageControl::AddPage()
     auto* sheet = new TQzTabSheet(owner);
     sheet->SetName(QzUniqueComponentName(owner, TQzTabSheet::ClassInfo()->ClassName()));
     sheet->SetParent(this);
+    return AddPageFor(sheet);
+}
+
+TQzPageItem* TQzCustomPageControl::AddPageFor(TQzTabSheet* sheet)
+{
+    if (const int index = IndexOfSheet(sheet); index >= 0)
+        return Page(index);
     auto* item = static_cast<TQzPageItem*>(FPages->Add());
     item->SetTabSheet(sheet);
     SetActivePage(sheet);
@@ -258,4 +265,13 @@ void TQzOutLookBar::Notification(TComponent* component, TOperation operation)
     TQzWinControl::Notification(component, operation);
     if (operation == opRemove)
         QzClearReference(FActivePage, component);
+}
+
+TMetaClass* QzPageHolderClass(const TMetaClass* cls)
+{
+    if (cls->InheritsFrom(TQzTabSheet::ClassInfo()))
+        return TQzCustomPageControl::ClassInfo();
+    if (cls->InheritsFrom(TQzOutLookBarPage::ClassInfo()))
+        return TQzOutLookBar::ClassInfo();
+    return nullptr;
 }

@@ -58,6 +58,10 @@ public:
     // this control's owner and named as a designer names components. The
     // new tab becomes the active one.
     TQzPageItem* AddPage();
+    // A tab for a sheet that sits on this control without one (a sheet
+    // pasted onto it), made the active one; the sheet's own tab when it
+    // has one already.
+    TQzPageItem* AddPageFor(TQzTabSheet* sheet);
     // Removes the tab and frees its sheet with everything on it.
     void DeletePage(int index);
 
@@ -143,3 +147,8 @@ private:
     TQzOutLookBarPage* FActivePage = nullptr;
     Integer FButtonHeight = 24;
 };
+
+// Pages sit only on their own kind of control: a tab sheet on a page
+// control, an outlook-bar page on its bar. The class that a control of
+// class cls must sit on; nullptr when it may sit anywhere.
+TMetaClass* QzPageHolderClass(const TMetaClass* cls);

@@ -9,6 +9,8 @@
 #include "ide/QzDesignSurface.h"
 #include "ide/QzFormClipboard.h"
 
+#include "runtime/components/QzPages.h"
+
 #include "rtl/ComponentStream.h"
 #include "rtl/TypInfo.h"
 
@@ -139,6 +141,43 @@ TEST_F(TIdeClipboardTest, PastedAlignedControlsTakeTheirPlaceInLine)
     EXPECT_EQ(d->GetComponent("PanelTop1"), nullptr);
     d->UndoStack()->redo();
     EXPECT_EQ(QzControlBounds(d->GetComponent("PanelTop1")), QRect(0, 41, 512, 41));
+}
+
+TEST_F(TIdeClipboardTest, SheetsArePastedOntoAPageControlWithATabOfTheirOwn)
+{
+    TIdeDesigner* d = Main();
+    const std::string original = d->Snapshot();
+    Select({"SheetNotes"});
+    ASSERT_TRUE(QzCopySelection(*d));
+    const std::string copied = ClipboardText();
+
+    // Nowhere else: the form stays as it was.
+    for (const char* selected : {"ButtonSave", "PanelTop"}) {
+        d->SelectComponent(d->GetComponent(selected));
+        FDialogs->Script().AnswerMessage(mbOK);
+        EXPECT_TRUE(Pasted(d, copied).empty());
+        ASSERT_FALSE(FDialogs->Script().Calls().empty());
+        EXPECT_EQ(FDialogs->Script().Calls().back().Message.Text,
+                  "A TQzTabSheet can be pasted only onto a TQzCustomPageControl: select one, or one of its pages, first.");
+        EXPECT_EQ(d->Snapshot(), original);
+    }
+
+    // The page control itself, or anything on one of its pages.
+    for (const char* selected : {"Pages", "EditName"}) {
+        SCOPED_TRACE(selected);
+        d->SelectComponent(d->GetComponent(selected));
+        ASSERT_EQ(Pasted(d, copied), std::vector<AnsiString>{"SheetNotes1"});
+        auto* pages = static_cast<TQzCustomPageControl*>(d->GetComponent("Pages"));
+        auto* sheet = static_cast<TQzTabSheet*>(d->GetComponent("SheetNotes1"));
+        ASSERT_EQ(sheet->PageControl(), pages);
+        ASSERT_EQ(pages->PageCount(), 3);
+        EXPECT_EQ(pages->IndexOfSheet(sheet), 2);
+        EXPECT_EQ(pages->ActivePage(), sheet);
+        EXPECT_EQ(QzControlBounds(sheet), QRect(4, 24, 480, 232));   // the frame beside the tabs
+        EXPECT_EQ(d->GetComponent("MemoNotes1")->GetParentComponent(), sheet);
+        d->UndoStack()->undo();
+        EXPECT_EQ(d->Snapshot(), original);
+    }
 }
 
 TEST_F(TIdeClipboardTest, PasteGoesIntoTheSelectedContainer)
