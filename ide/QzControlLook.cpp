@@ -167,8 +167,12 @@ bool QzIsControl(TComponent* component)
         return true;
     if (dynamic_cast<TNonVisualComponent*>(component))
         return false;
-    // Unregistered: a control is what the file gives a size.
-    return FindStreamed(component, "Width") || FindStreamed(component, "Height");
+    // Unregistered: a control is what the file gives a size, or what sits
+    // on a control (only controls do; a page control's sheets store no size).
+    if (FindStreamed(component, "Width") || FindStreamed(component, "Height"))
+        return true;
+    TComponent* parent = component->GetParentComponent();
+    return parent && parent->GetParentComponent() && QzIsControl(parent);
 }
 
 bool QzIsContainer(TComponent* component)
