@@ -1,8 +1,10 @@
 // The designer host: opening a project of 200 forms (the forms are listed,
 // the first is read and shown), switching between forms, and filling the
-// object inspector for a control with about forty properties. Figures are
+// object inspector for a control with about forty properties, and painting
+// the corpus's largest form (619 components of classes we do not know). Figures are
 // in docs/performance.md ("Designer host").
 
+#include "ide/QzDesignSurface.h"
 #include "ide/QzIdeDesigner.h"
 #include "ide/QzIdeProject.h"
 #include "ide/QzInspector.h"
@@ -18,6 +20,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
+#include <QPainter>
 #include <QTemporaryDir>
 
 namespace {
@@ -138,5 +142,35 @@ void BM_FillInspector(benchmark::State& state)
     state.counters["rows"] = inspector->Properties()->rowCount() + inspector->Events()->rowCount();
 }
 BENCHMARK(BM_FillInspector)->Unit(benchmark::kMicrosecond);
+
+// What a repaint of the whole designer costs on a large form of a foreign
+// component library: every control's look, tabs, pages and icons.
+void BM_PaintLargeForm(benchmark::State& state)
+{
+    App();
+    QTemporaryDir dir;
+    QFile::copy(QStringLiteral(QZ_CORPUS_DIR "/dfm/HeidiSQL__HeidiSQL/source/main.dfm"), dir.filePath("main.dfm"));
+    QFile cpp(dir.filePath("main.cpp"));
+    cpp.open(QIODevice::WriteOnly);
+    cpp.write("// unit\n");
+    cpp.close();
+    TQzScriptedDialogs dialogs;
+    TQzDialogsScope scope(dialogs);
+    TQzMainWindow window;
+    window.OpenProject(dir.path());
+    TIdeDesigner* designer = window.CurrentDesigner();
+    if (!designer) {
+        state.SkipWithError("the form could not be opened");
+        return;
+    }
+    TQzDesignSurface* surface = window.SurfaceOf(designer);
+    QImage image(surface->size(), QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        QPainter painter(&image);
+        surface->render(&painter);
+    }
+    state.counters["components"] = designer->GetRoot()->ComponentCount();
+}
+BENCHMARK(BM_PaintLargeForm)->Unit(benchmark::kMillisecond);
 
 }  // namespace

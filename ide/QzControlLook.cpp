@@ -177,6 +177,8 @@ bool QzIsControl(TComponent* component)
 
 bool QzIsContainer(TComponent* component)
 {
+    if (TComponent* parent = component->GetParentComponent(); parent && QzIsPageControl(parent))
+        return true;
     switch (QzLookOf(StreamedClassName(component))) {
     case TQzLook::Panel:
     case TQzLook::GroupBox:
@@ -188,6 +190,20 @@ bool QzIsContainer(TComponent* component)
     default:
         return false;
     }
+}
+
+bool QzIsPageControl(TComponent* component)
+{
+    if (QzLookOf(StreamedClassName(component)) == TQzLook::PageControl)
+        return true;
+    // The registered classes say what they are by their look.
+    if (dynamic_cast<TControl*>(component) || !QzIsControl(component))
+        return false;
+    const AnsiString active = QzTextValue(component, "ActivePage");
+    for (int i = 0; !active.empty() && i < component->ChildCount(); ++i)
+        if (SameText(component->Child(i)->Name(), active))
+            return true;
+    return false;
 }
 
 QRect QzControlBounds(TComponent* component)

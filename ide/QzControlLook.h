@@ -43,6 +43,10 @@ AnsiString QzTextValue(TComponent* component, const AnsiString& name);
 bool QzIsControl(TComponent* component);
 // A control that holds other controls: panels, group boxes, page sheets.
 bool QzIsContainer(TComponent* component);
+// A control that shows one of its controls at a time behind a row of tabs:
+// a page control by its class's name, or a control of a class we do not
+// know whose ActivePage names one of its controls.
+bool QzIsPageControl(TComponent* component);
 // Left, Top, Width and Height relative to the parent.
 QRect QzControlBounds(TComponent* component);
 // A control whose bounds the designer can change (its class is registered).

@@ -118,7 +118,7 @@ bool TQzDesignSurface::IsShown(TComponent* component) const
 {
     for (TComponent* c = component; c && c != FDesigner->GetRoot(); c = c->GetParentComponent()) {
         TComponent* parent = c->GetParentComponent();
-        if (parent && QzLookOf(StreamedClassName(parent)) == TQzLook::PageControl && ActiveSheet(parent) != c)
+        if (parent && QzIsPageControl(parent) && ActiveSheet(parent) != c)
             return false;
     }
     return true;
@@ -143,7 +143,7 @@ QRect TQzDesignSurface::SurfaceRect(TComponent* component) const
     }
     TComponent* parent = component->GetParentComponent();
     QRect bounds = QzControlBounds(component);
-    if (parent && QzLookOf(StreamedClassName(parent)) == TQzLook::PageControl) {
+    if (parent && QzIsPageControl(parent)) {
         // A sheet fills its page control below the tabs.
         const QRect host = SurfaceRect(parent);
         return host.adjusted(4, TabHeight + 4, -4, -4);
@@ -180,7 +180,7 @@ TComponent* TQzDesignSurface::ContainerAt(const QPoint& pos) const
     TComponent* at = ComponentAt(pos);
     while (at && at != FDesigner->GetRoot() && !QzIsContainer(at))
         at = at->GetParentComponent();
-    if (at && QzLookOf(StreamedClassName(at)) == TQzLook::PageControl)
+    if (at && QzIsPageControl(at))
         at = ActiveSheet(at);
     return at ? at : FDesigner->GetRoot();
 }
@@ -228,7 +228,7 @@ void TQzDesignSurface::paintEvent(QPaintEvent*)
 
 void TQzDesignSurface::PaintChildren(QPainter& p, TComponent* parent)
 {
-    const bool pages = QzLookOf(StreamedClassName(parent)) == TQzLook::PageControl;
+    const bool pages = QzIsPageControl(parent);
     if (pages) {
         // The tabs of every sheet; only the active sheet's contents show.
         const QRect host = SurfaceRect(parent);
@@ -257,7 +257,7 @@ void TQzDesignSurface::PaintChildren(QPainter& p, TComponent* parent)
         if (!QzIsControl(child) || !IsShown(child))
             continue;
         const QRect r = SurfaceRect(child);
-        if (pages && QzLookOf(StreamedClassName(child)) == TQzLook::TabSheet) {
+        if (pages) {
             // The page's frame; the sheet itself is flat inside it.
             const QRect host = SurfaceRect(parent).adjusted(0, TabHeight, 0, 0);
             p.setPen(Qt::white);
@@ -266,7 +266,7 @@ void TQzDesignSurface::PaintChildren(QPainter& p, TComponent* parent)
             p.setPen(QColor(64, 64, 64));
             p.drawLine(host.bottomLeft(), host.bottomRight());
             p.drawLine(host.topRight(), host.bottomRight());
-        } else if (QzLookOf(StreamedClassName(child)) != TQzLook::PageControl) {
+        } else if (!QzIsPageControl(child)) {
             QzPaintControl(p, child, r);
         }
         p.save();

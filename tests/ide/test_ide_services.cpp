@@ -98,8 +98,8 @@ TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
         "    object Action1: TMyAction\r\n"
         "    end\r\n"
         "  end\r\n"
-        // Sheets store no size: they fill their page control.
-        "  object Pages1: TMyPageControl\r\n"
+        // A page control by its ActivePage; its sheets store no size.
+        "  object Pages1: TMyBook\r\n"
         "    Left = 10\r\n"
         "    Top = 90\r\n"
         "    Width = 200\r\n"
@@ -146,6 +146,8 @@ TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
     TComponent* sheet2 = d->GetComponent("Sheet2");
     TComponent* edit2 = d->GetComponent("Edit2");
     EXPECT_TRUE(QzIsControl(sheet2));
+    EXPECT_TRUE(QzIsPageControl(d->GetComponent("Pages1")));
+    EXPECT_FALSE(QzIsPageControl(grid));
     EXPECT_FALSE(QzIsControl(d->GetComponent("Action1")));
     const QRect pages = s->SurfaceRect(d->GetComponent("Pages1"));
     EXPECT_EQ(pages, QRect(s->ClientOrigin() + QPoint(10, 90), QSize(200, 100)));
