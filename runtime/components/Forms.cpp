@@ -4,6 +4,8 @@
 
 #include "rtl/Filer.h"
 
+#include <algorithm>
+
 void TScrollingWinControl::DeclareProperties(TClassBuilder<TScrollingWinControl>& b)
 {
     b.Property("AutoScroll", &TScrollingWinControl::AutoScroll, &TScrollingWinControl::SetAutoScroll).Default(true);
@@ -70,7 +72,7 @@ void TCustomForm::DeclareProperties(TClassBuilder<TCustomForm>& b)
           TBorderIcons{biSystemMenu, biMinimize, biMaximize});
     b.Enum("BorderStyle", TypeInfo_TFormBorderStyle(), &TCustomForm::BorderStyle, &TCustomForm::SetBorderStyle,
            bsSizeable);
-    b.Property("BorderWidth", &TCustomForm::FBorderWidth).Default(0);
+    b.Property("BorderWidth", &TCustomForm::BorderWidth, &TCustomForm::SetBorderWidth).Default(0);
     DeclareCaption(b);
     b.Property("ClientHeight", &TCustomForm::ClientHeight, &TCustomForm::SetClientHeight)
         .Stored(&TCustomForm::IsClientSizeStored);
@@ -111,9 +113,11 @@ TCustomForm::TCustomForm(TComponent* owner) : TScrollingWinControl(owner)
     SetVisible(false);
 }
 
-Integer TCustomForm::FrameWidth() const
+namespace {
+
+Integer WindowFrameWidth(TFormBorderStyle style)
 {
-    switch (FBorderStyle) {
+    switch (style) {
     case bsNone:
         return 0;
     case bsSizeable:
@@ -125,9 +129,9 @@ Integer TCustomForm::FrameWidth() const
 }
 
 // The frame and the caption bar (a tool window's is shorter).
-Integer TCustomForm::FrameHeight() const
+Integer WindowFrameHeight(TFormBorderStyle style)
 {
-    switch (FBorderStyle) {
+    switch (style) {
     case bsNone:
         return 0;
     case bsSizeable:
@@ -141,11 +145,32 @@ Integer TCustomForm::FrameHeight() const
     }
 }
 
+}  // namespace
+
+Integer TCustomForm::FrameWidth() const
+{
+    return WindowFrameWidth(FBorderStyle) + 2 * std::max<Integer>(0, FBorderWidth);
+}
+
+Integer TCustomForm::FrameHeight() const
+{
+    return WindowFrameHeight(FBorderStyle) + 2 * std::max<Integer>(0, FBorderWidth);
+}
+
 void TCustomForm::SetBorderStyle(TFormBorderStyle value)
 {
     if (value == FBorderStyle)
         return;
     FBorderStyle = value;
+    if (!ComponentState().Contains(csLoading))
+        Realign();
+}
+
+void TCustomForm::SetBorderWidth(Integer value)
+{
+    if (value == FBorderWidth)
+        return;
+    FBorderWidth = value;
     if (!ComponentState().Contains(csLoading))
         Realign();
 }

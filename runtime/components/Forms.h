@@ -50,7 +50,8 @@ public:
     explicit TCustomForm(TComponent* owner);
 
     // The inside of the window: its size less the frame and caption that
-    // the border style gives (the classic Windows metrics).
+    // the border style gives (the classic Windows metrics) and the border
+    // width on every side.
     Integer ClientWidth() const override { return Width() - FrameWidth(); }
     Integer ClientHeight() const override { return Height() - FrameHeight(); }
     void SetClientWidth(Integer value) { SetWidth(value + FrameWidth()); }
@@ -61,6 +62,9 @@ public:
     TFormBorderStyle BorderStyle() const { return FBorderStyle; }
     // The frame changes the client area, so the aligned controls follow.
     void SetBorderStyle(TFormBorderStyle value);
+    Integer BorderWidth() const { return FBorderWidth; }
+    // The window keeps its size; the client area gives up the border.
+    void SetBorderWidth(Integer value);
     TBorderIcons BorderIcons() const { return FBorderIcons; }
     void SetBorderIcons(TBorderIcons value) { FBorderIcons = value; }
     TPosition Position() const { return FPosition; }

@@ -88,6 +88,24 @@ TEST_F(Align, RowsThenColumnsThenTheClientInsideFramesBevelsAndTabs)
     EXPECT_EQ(Box(sheet), (TBox{4, 24, 292, 165}));
 }
 
+TEST_F(Align, AFormsBorderWidthIsTakenFromItsClientArea)
+{
+    TControl* top = Add(&FForm, alTop, {5, 5, 10, 30});
+    TControl* client = Add(&FForm, alClient, {5, 5, 10, 10});
+    const Integer width = FForm.Width(), height = FForm.Height();
+    FForm.SetBorderWidth(5);
+    EXPECT_EQ(FForm.Width(), width);   // the window keeps its size
+    EXPECT_EQ(FForm.ClientWidth(), 390);
+    EXPECT_EQ(FForm.ClientHeight(), 290);
+    EXPECT_EQ(Box(top), (TBox{0, 0, 390, 30}));
+    EXPECT_EQ(Box(client), (TBox{0, 30, 390, 260}));
+    // Read from a form, the border comes before the client size it shapes.
+    const std::string text = "object Form1: TForm\n  BorderWidth = 5\n  ClientHeight = 300\n  ClientWidth = 400\nend\n";
+    auto form = ReadForm(text, DetectFormTextOptions(text));
+    EXPECT_EQ(static_cast<TCustomForm*>(form.get())->Height(), height + 10);
+    EXPECT_EQ(WriteFormText(form.get(), DetectFormTextOptions(text)), text);
+}
+
 TEST_F(Align, OnlyWhatTheAlignmentLeavesFreeSticksAndUnalignedControlsStay)
 {
     TControl* a = Add(&FForm, alTop, {0, 0, 10, 30});
