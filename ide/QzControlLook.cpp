@@ -1,5 +1,7 @@
 #include "ide/QzControlLook.h"
 
+#include "ide/QzMenuBar.h"
+
 #include "runtime/components/Controls.h"
 #include "runtime/components/Forms.h"
 #include "runtime/model/QzMemory.h"
@@ -169,6 +171,9 @@ bool QzIsControl(TComponent* component)
         return false;
     // Unregistered: a control is what the file gives a size, or what sits
     // on a control (only controls do; a page control's sheets store no size).
+    // An image list's size is that of its pictures.
+    if (UpperCase(StreamedClassName(component)).find("IMAGELIST") != AnsiString::npos)
+        return false;
     if (FindStreamed(component, "Width") || FindStreamed(component, "Height"))
         return true;
     TComponent* parent = component->GetParentComponent();
@@ -253,8 +258,9 @@ QSize QzClientSize(TComponent* root)
     const auto cw = QzIntegerValue(root, "ClientWidth"), ch = QzIntegerValue(root, "ClientHeight");
     if (cw && ch)
         return QSize(*cw, *ch);
-    // A window's frame (classic metrics) around its client area.
-    return QSize(QzIntegerValue(root, "Width").value_or(400) - 8, QzIntegerValue(root, "Height").value_or(300) - 27);
+    // A window's frame (classic metrics) and menu bar around its client area.
+    return QSize(QzIntegerValue(root, "Width").value_or(400) - 8,
+                 QzIntegerValue(root, "Height").value_or(300) - 27 - QzMenuBarHeight(root));
 }
 
 AnsiString QzFormCaption(TComponent* root)

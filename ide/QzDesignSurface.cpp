@@ -4,6 +4,7 @@
 #include "ide/QzDesignNavigation.h"
 #include "ide/QzFormClipboard.h"
 #include "ide/QzIdeDesigner.h"
+#include "ide/QzMenuBar.h"
 #include "ide/QzPalette.h"
 
 #include "runtime/components/Controls.h"
@@ -86,12 +87,16 @@ int TQzDesignSurface::CaptionHeight() const
     return 19;
 }
 
-QPoint TQzDesignSurface::ClientOrigin() const { return QPoint(Margin + Border(), Margin + Border() + CaptionHeight()); }
+QPoint TQzDesignSurface::ClientOrigin() const
+{
+    return QPoint(Margin + Border(), Margin + Border() + CaptionHeight() + QzMenuBarHeight(FDesigner->GetRoot()));
+}
 
 QRect TQzDesignSurface::FormRect() const
 {
     const QSize client = QzClientSize(FDesigner->GetRoot());
-    return QRect(Margin, Margin, client.width() + 2 * Border(), client.height() + CaptionHeight() + 2 * Border());
+    return QRect(Margin, Margin, client.width() + 2 * Border(),
+                 client.height() + CaptionHeight() + QzMenuBarHeight(FDesigner->GetRoot()) + 2 * Border());
 }
 
 QSize TQzDesignSurface::sizeHint() const
@@ -208,6 +213,7 @@ void TQzDesignSurface::paintEvent(QPaintEvent*)
     p.setFont(bold);
     p.drawText(caption.adjusted(4, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, Q(QzFormCaption(root)));
     p.setFont(font());
+    PaintMenuBar(p, QRect(caption.left(), caption.bottom() + 1, caption.width(), QzMenuBarHeight(root)));
     const QRect client(ClientOrigin(), QzClientSize(root));
     p.fillRect(client, QColor(212, 208, 200));
     p.setPen(QColor(90, 90, 90));
@@ -223,6 +229,24 @@ void TQzDesignSurface::paintEvent(QPaintEvent*)
         p.setPen(QPen(pal.color(QPalette::WindowText), 1, Qt::DashLine));
         p.setBrush(Qt::NoBrush);
         p.drawRect(QRect(FPressPos, FBandEnd).normalized());
+    }
+}
+
+// The form's main menu as its bar shows it: the top-level items side by
+// side, their mnemonics underlined as the window would draw them.
+void TQzDesignSurface::PaintMenuBar(QPainter& p, const QRect& bar)
+{
+    if (bar.height() <= 0)
+        return;
+    p.fillRect(bar, QColor(212, 208, 200));
+    p.setPen(Qt::black);
+    int x = bar.left() + 6;
+    for (const AnsiString& caption : QzMenuBarCaptions(QzFormMenu(FDesigner->GetRoot()))) {
+        const int w = p.fontMetrics().horizontalAdvance(Q(QzStripMnemonic(caption))) + 14;
+        p.drawText(QRect(x, bar.top(), w, bar.height()), Qt::AlignCenter | Qt::TextShowMnemonic, Q(caption));
+        x += w;
+        if (x >= bar.right())
+            break;
     }
 }
 

@@ -75,6 +75,7 @@ private:
 
     int Border() const;
     int CaptionHeight() const;
+    void PaintMenuBar(QPainter& p, const QRect& bar);
     QRect FormRect() const;
     // The offset on the surface of the client area of container.
     QPoint ContainerOrigin(TComponent* container) const;

@@ -2,7 +2,7 @@ object MainForm: TQzCForm
   Left = 250
   Top = 140
   Width = 520
-  Height = 400
+  Height = 419
   Color = clBtnFace
   Font.Charset = DEFAULT_CHARSET
   Font.Color = clWindowText
@@ -10,6 +10,7 @@ object MainForm: TQzCForm
   Font.Name = 'MS Sans Serif'
   Font.Style = []
   Caption = 'QzControls demo'
+  Menu = MainMenu1
   OldCreateOrder = False
   DataSources = <>
   PixelsPerInch = 96
@@ -39,6 +40,29 @@ object MainForm: TQzCForm
     Left = 240
     Top = 318
     PkgName = 'DEMO'
+  end
+  object MainMenu1: TQzMainMenu
+    Left = 440
+    Top = 4
+    object MenuFile: TQzMenuItem
+      Caption = '&File'
+      object MenuSave: TQzMenuItem
+        Caption = '&Save'
+        ShortCut = 16467
+      end
+      object MenuLine1: TQzMenuItem
+        Caption = '-'
+      end
+      object MenuExit: TQzMenuItem
+        Caption = 'E&xit'
+      end
+    end
+    object MenuHelp: TQzMenuItem
+      Caption = '&Help'
+      object MenuAbout: TQzMenuItem
+        Caption = '&About...'
+      end
+    end
   end
   object PanelTop: TQzPanel
     Left = 0

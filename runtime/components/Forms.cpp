@@ -157,13 +157,42 @@ Integer TCustomForm::FrameHeight() const
     return WindowFrameHeight(FBorderStyle) + 2 * std::max<Integer>(0, FBorderWidth);
 }
 
+// The classic menu bar: forms of that era that store their window's height
+// give their client area 19 pixels less when they have a menu.
+Integer TCustomForm::MenuBarHeight() const
+{
+    return FMenu ? 19 : 0;
+}
+
+// While a form is read, the menu it names is not there yet: the client
+// size is applied again once it is (Loaded).
+void TCustomForm::SetClientHeight(Integer value)
+{
+    if (ComponentState().Contains(csLoading))
+        FStreamedClientHeight = value;
+    SetHeight(value + FrameHeight() + MenuBarHeight());
+}
+
+void TCustomForm::Loaded()
+{
+    if (FStreamedClientHeight >= 0)
+        SetHeight(FStreamedClientHeight + FrameHeight() + MenuBarHeight());
+    FStreamedClientHeight = -1;
+    TScrollingWinControl::Loaded();
+}
+
+void TCustomForm::ClientAreaChanged()
+{
+    if (!ComponentState().Contains(csLoading) && !ComponentState().Contains(csDestroying))
+        Realign();
+}
+
 void TCustomForm::SetBorderStyle(TFormBorderStyle value)
 {
     if (value == FBorderStyle)
         return;
     FBorderStyle = value;
-    if (!ComponentState().Contains(csLoading))
-        Realign();
+    ClientAreaChanged();
 }
 
 void TCustomForm::SetBorderWidth(Integer value)
@@ -171,8 +200,7 @@ void TCustomForm::SetBorderWidth(Integer value)
     if (value == FBorderWidth)
         return;
     FBorderWidth = value;
-    if (!ComponentState().Contains(csLoading))
-        Realign();
+    ClientAreaChanged();
 }
 
 void TCustomForm::SetActiveControl(TWinControl* value)
@@ -182,7 +210,10 @@ void TCustomForm::SetActiveControl(TWinControl* value)
 
 void TCustomForm::SetMenu(TMainMenu* value)
 {
+    if (value == FMenu)
+        return;
     QzSetReference(this, FMenu, value);
+    ClientAreaChanged();
 }
 
 void TCustomForm::DefineProperties(TFiler& filer)
@@ -201,7 +232,10 @@ void TCustomForm::Notification(TComponent* component, TOperation operation)
     TScrollingWinControl::Notification(component, operation);
     if (operation == opRemove) {
         QzClearReference(FActiveControl, component);
-        QzClearReference(FMenu, component);
+        if (component == FMenu) {
+            QzClearReference(FMenu, component);
+            ClientAreaChanged();
+        }
     }
 }
 

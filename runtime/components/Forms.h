@@ -50,14 +50,16 @@ public:
     explicit TCustomForm(TComponent* owner);
 
     // The inside of the window: its size less the frame and caption that
-    // the border style gives (the classic Windows metrics) and the border
-    // width on every side.
+    // the border style gives (the classic Windows metrics), the border
+    // width on every side and the menu bar.
     Integer ClientWidth() const override { return Width() - FrameWidth(); }
-    Integer ClientHeight() const override { return Height() - FrameHeight(); }
+    Integer ClientHeight() const override { return Height() - FrameHeight() - MenuBarHeight(); }
     void SetClientWidth(Integer value) { SetWidth(value + FrameWidth()); }
-    void SetClientHeight(Integer value) { SetHeight(value + FrameHeight()); }
+    void SetClientHeight(Integer value);
     Integer FrameWidth() const;
     Integer FrameHeight() const;
+    // A form with a main menu shows its bar between caption and client.
+    Integer MenuBarHeight() const;
 
     TFormBorderStyle BorderStyle() const { return FBorderStyle; }
     // The frame changes the client area, so the aligned controls follow.
@@ -75,6 +77,7 @@ public:
     TWinControl* ActiveControl() const { return FActiveControl; }
     void SetActiveControl(TWinControl* value);
     TMainMenu* Menu() const { return FMenu; }
+    // The window keeps its size; the client area gives up the menu bar.
     void SetMenu(TMainMenu* value);
 
     // Written after the published properties, as the class library does:
@@ -87,9 +90,11 @@ public:
     void DefineProperties(TFiler& filer) override;
 
     void Notification(TComponent* component, TOperation operation) override;
+    void Loaded() override;
 
 private:
     static void DeclareProperties(TClassBuilder<TCustomForm>& b);
+    void ClientAreaChanged();
     // The size is stored while the form scrolls, the client size otherwise.
     bool IsFormSizeStored() const { return AutoScroll(); }
     bool IsClientSizeStored() const { return !AutoScroll(); }
@@ -97,6 +102,9 @@ private:
     TFormBorderStyle FBorderStyle = bsSizeable;
     TBorderIcons FBorderIcons{biSystemMenu, biMinimize, biMaximize};
     Integer FBorderWidth = 0;
+    // The client height a form file gave, applied once the menu it names
+    // is known; -1 when the file gave the window's height instead.
+    Integer FStreamedClientHeight = -1;
     bool FCtl3D = true;
     TFormStyle FFormStyle = fsNormal;
     AnsiString FHelpFile;

@@ -8,10 +8,15 @@
 #include "ide/QzControlLook.h"
 #include "ide/QzDesignSurface.h"
 #include "ide/QzIdeProject.h"
+#include "ide/QzMenuBar.h"
 
 #include "designide/QzPortDsgn.h"
 
+#include "runtime/components/QzComponentsReg.h"
+#include "runtime/components/QzMenus.h"
+
 #include "rtl/StringList.h"
+#include "rtl/SysUtils.h"
 
 #include <QTabWidget>
 #include <QTest>
@@ -80,6 +85,7 @@ TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
         "  ClientWidth = 300\r\n"
         "  ClientHeight = 200\r\n"
         "  Caption = 'Foreign'\r\n"
+        "  Menu = Menu1\r\n"
         "  object Grid1: TMyGrid\r\n"
         "    Left = 10\r\n"
         "    Top = 20\r\n"
@@ -91,6 +97,25 @@ TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
         "  object Timer1: TMyTimer\r\n"
         "    Left = 200\r\n"
         "    Top = 120\r\n"
+        "  end\r\n"
+        "  object Menu1: TMyMainMenu\r\n"
+        "    Left = 200\r\n"
+        "    Top = 160\r\n"
+        "    object File1: TMyMenuItem\r\n"
+        "      Caption = '&File'\r\n"
+        "    end\r\n"
+        "    object Debug1: TMyMenuItem\r\n"
+        "      Caption = 'Debug'\r\n"
+        "      Visible = False\r\n"
+        "    end\r\n"
+        "    object Help1: TMyMenuItem\r\n"
+        "    end\r\n"
+        "  end\r\n"
+        "  object Images1: TMyImageList\r\n"
+        "    Left = 240\r\n"
+        "    Top = 160\r\n"
+        "    Width = 24\r\n"
+        "    Height = 24\r\n"
         "  end\r\n"
         "  object Actions1: TMyActionList\r\n"
         "    Left = 240\r\n"
@@ -137,6 +162,12 @@ TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
     EXPECT_EQ(QzFormCaption(d->GetRoot()), "Foreign");
     EXPECT_TRUE(QzIsControl(grid));
     EXPECT_FALSE(QzIsControl(timer));
+    EXPECT_FALSE(QzIsControl(d->GetComponent("Images1")));
+    // The menu's bar lies between caption and client, which keeps its size.
+    EXPECT_EQ(QzMenuBarHeight(d->GetRoot()), 19);
+    EXPECT_EQ(s->ClientOrigin() - s->SurfaceRect(d->GetRoot()).topLeft(), QPoint(4, 4 + 19 + 19));   // border, caption, bar
+    EXPECT_EQ(s->SurfaceRect(d->GetRoot()).size(), QSize(4 + 300 + 4, 4 + 19 + 19 + 200 + 4));
+    EXPECT_EQ(QzMenuBarCaptions(QzFormMenu(d->GetRoot())), (std::vector<AnsiString>{"&File", "Help1"}));
     EXPECT_EQ(s->SurfaceRect(grid), QRect(s->ClientOrigin() + QPoint(10, 20), QSize(150, 60)));
     EXPECT_EQ(s->SurfaceRect(timer).topLeft(), s->ClientOrigin() + QPoint(200, 120));
     EXPECT_EQ(QzTextValue(grid, "Caption"), "(7, DEMO)");
@@ -185,4 +216,26 @@ TEST(QzControlLook, LookChosenByTheMostSpecificNamePart)
     };
     for (const auto& [name, look] : cases)
         EXPECT_EQ(QzLookOf(name), look) << name;
+}
+
+TEST(QzMenuBar, TheBarShowsVisibleTopLevelItemsWithoutTheirMnemonicMarks)
+{
+    RegisterQzComponentClasses();
+    TComponent owner(nullptr);
+    auto* menu = new TQzMainMenu(&owner);
+    for (const char* caption : {"&File", "Hidden", "Save && Exit", ""}) {
+        auto* item = new TQzMenuItem(&owner);
+        item->SetName(AnsiString("Item") + IntToStr(menu->Items()->Count()));
+        item->SetCaption(caption);
+        item->SetVisible(std::string(caption) != "Hidden");
+        menu->Items()->Add(item);
+        auto* sub = new TQzMenuItem(&owner);   // sub-items stay in their menu
+        sub->SetCaption("Sub");
+        item->Add(sub);
+    }
+    EXPECT_EQ(QzMenuBarCaptions(menu), (std::vector<AnsiString>{"&File", "Save && Exit", "Item3"}));
+    const std::pair<const char*, const char*> marks[] = {
+        {"&File", "File"}, {"Save && Exit", "Save & Exit"}, {"E&xit&", "Exit"}, {"&&&Go", "&Go"}, {"", ""}};
+    for (const auto& [caption, shown] : marks)
+        EXPECT_EQ(QzStripMnemonic(caption), shown) << caption;
 }

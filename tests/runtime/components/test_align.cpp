@@ -5,6 +5,7 @@
 #include "runtime/components/ControlAlign.h"
 #include "runtime/components/Forms.h"
 #include "runtime/components/QzComponentsReg.h"
+#include "runtime/components/QzMenus.h"
 #include "runtime/components/QzPages.h"
 #include "runtime/components/QzStdCtrls.h"
 
@@ -104,6 +105,40 @@ TEST_F(Align, AFormsBorderWidthIsTakenFromItsClientArea)
     auto form = ReadForm(text, DetectFormTextOptions(text));
     EXPECT_EQ(static_cast<TCustomForm*>(form.get())->Height(), height + 10);
     EXPECT_EQ(WriteFormText(form.get(), DetectFormTextOptions(text)), text);
+}
+
+TEST_F(Align, AMainMenuTakesItsBarFromTheClientArea)
+{
+    // As a form of that era stores it: the window's height, and the client
+    // control 27 + 19 pixels lower.
+    const std::string byHeight = "object Form1: TForm\n  Width = 276\n  Height = 386\n  Menu = MainMenu1\n"
+                                 "  object Client1: TCustomControl\n    Left = 0\n    Top = 0\n    Width = 268\n"
+                                 "    Height = 340\n    Align = alClient\n  end\n"
+                                 "  object MainMenu1: TQzMainMenu\n  end\nend\n";
+    auto form = ReadForm(byHeight, DetectFormTextOptions(byHeight));
+    auto* f = static_cast<TCustomForm*>(form.get());
+    EXPECT_EQ(f->ClientHeight(), 340);
+    f->Realign();
+    EXPECT_EQ(Box(static_cast<TControl*>(f->FindComponent("Client1"))), (TBox{0, 0, 268, 340}));
+    EXPECT_EQ(WriteFormText(f, DetectFormTextOptions(byHeight)), byHeight);
+
+    // A stored client size stays what it was, although the menu comes later.
+    const std::string byClient = "object Form1: TForm\n  ClientHeight = 300\n  ClientWidth = 400\n"
+                                 "  Menu = MainMenu1\n  object MainMenu1: TQzMainMenu\n  end\nend\n";
+    form = ReadForm(byClient, DetectFormTextOptions(byClient));
+    f = static_cast<TCustomForm*>(form.get());
+    EXPECT_EQ(f->ClientHeight(), 300);
+    EXPECT_EQ(f->Height(), 300 + 27 + 19);
+    EXPECT_EQ(WriteFormText(f, DetectFormTextOptions(byClient)), byClient);
+
+    // In the designer the window keeps its size and the client gives way.
+    TControl* client = Add(&FForm, alClient, {5, 5, 10, 10});
+    auto* menu = new TQzMainMenu(&FForm);
+    FForm.SetMenu(menu);
+    EXPECT_EQ(Box(client), (TBox{0, 0, 400, 281}));
+    delete menu;
+    EXPECT_EQ(FForm.Menu(), nullptr);
+    EXPECT_EQ(Box(client), (TBox{0, 0, 400, 300}));
 }
 
 TEST_F(Align, OnlyWhatTheAlignmentLeavesFreeSticksAndUnalignedControlsStay)
