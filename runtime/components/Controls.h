@@ -382,6 +382,18 @@ private:
     int FAlignLevel = 0;
 };
 
+// The setter of a published field that shapes a windowed control's client
+// area (a bevel, a border, the row of tabs): the controls inside are placed
+// anew once it is set, unless the control is being read.
+template <class T, class V>
+auto QzRealigningSetter(V T::*field)
+{
+    return [field](T& control, V value) {
+        control.*field = value;
+        control.Realign();
+    };
+}
+
 // A control drawn on its parent, without a window of its own (labels,
 // shapes, speed buttons).
 class TGraphicControl : public TControl {

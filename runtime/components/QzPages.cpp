@@ -57,9 +57,11 @@ void TQzCustomPageControl::DeclareProperties(TClassBuilder<TQzCustomPageControl>
                                                          [](TQzCustomPageControl& c) { return c.Pages(); });
     QzDeclarePrivilege(b);
     QzDeclareSets(b, qsFont | qsColor | qsBackGround);
-    b.Property("TabHeight", &TQzCustomPageControl::FTabHeight).Default(0);
+    b.Property("TabHeight", &TQzCustomPageControl::FTabHeight,
+               QzRealigningSetter(&TQzCustomPageControl::FTabHeight))
+        .Default(0);
     b.Enum("TabPosition", TypeInfo_TTabPosition(), &TQzCustomPageControl::FTabPosition,
-           &TQzCustomPageControl::FTabPosition, tpTop);
+           QzRealigningSetter(&TQzCustomPageControl::FTabPosition), tpTop);
     b.Property("TabWidth", &TQzCustomPageControl::FTabWidth).Default(0);
     DeclareEvent(b, "OnChange");
     DeclareFocusEvents(b);

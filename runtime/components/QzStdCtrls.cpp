@@ -356,11 +356,13 @@ void TQzRadioGroup::DeclareProperties(TClassBuilder<TQzRadioGroup>& b)
 void TQzPanel::DeclareProperties(TClassBuilder<TQzPanel>& b)
 {
     b.Enum("Alignment", TypeInfo_TAlignment(), &TQzPanel::FAlignment, &TQzPanel::FAlignment, taCenter);
-    b.Enum("BevelInner", TypeInfo_TBevelCut(), &TQzPanel::FBevelInner, &TQzPanel::FBevelInner, bvNone);
-    b.Enum("BevelOuter", TypeInfo_TBevelCut(), &TQzPanel::FBevelOuter, &TQzPanel::FBevelOuter, bvRaised);
-    b.Property("BevelWidth", &TQzPanel::FBevelWidth).Default(1);
+    b.Enum("BevelInner", TypeInfo_TBevelCut(), &TQzPanel::FBevelInner, QzRealigningSetter(&TQzPanel::FBevelInner),
+           bvNone);
+    b.Enum("BevelOuter", TypeInfo_TBevelCut(), &TQzPanel::FBevelOuter, QzRealigningSetter(&TQzPanel::FBevelOuter),
+           bvRaised);
+    b.Property("BevelWidth", &TQzPanel::FBevelWidth, QzRealigningSetter(&TQzPanel::FBevelWidth)).Default(1);
     b.Enum("BorderStyle", TypeInfo_TBorderStyle(), &TQzPanel::FBorderStyle, &TQzPanel::FBorderStyle, bsNone);
-    b.Property("BorderWidth", &TQzPanel::FBorderWidth).Default(0);
+    b.Property("BorderWidth", &TQzPanel::FBorderWidth, QzRealigningSetter(&TQzPanel::FBorderWidth)).Default(0);
     QzDeclareLabel(b);
     QzDeclarePrivilege(b);
     QzDeclareSets(b, qsFont | qsColor | qsBackGround);

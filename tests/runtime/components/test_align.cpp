@@ -10,6 +10,7 @@
 #include "runtime/components/QzStdCtrls.h"
 
 #include "rtl/ComponentStream.h"
+#include "rtl/TypInfo.h"
 
 #include <gtest/gtest.h>
 
@@ -87,6 +88,17 @@ TEST_F(Align, RowsThenColumnsThenTheClientInsideFramesBevelsAndTabs)
     TQzTabSheet* sheet = pages->AddPage()->TabSheet();
     pages->SetWidth(300);
     EXPECT_EQ(Box(sheet), (TBox{4, 24, 292, 165}));
+
+    // What the inspector sets on the frame places the inside at once.
+    SetOrdProp(client, "BevelWidth", 3);
+    SetOrdProp(client, "BevelInner", bvLowered);
+    EXPECT_EQ(Box(inner), (TBox{6, 261, 286, 10}));
+    SetOrdProp(client, "BorderWidth", 2);
+    EXPECT_EQ(Box(inner), (TBox{8, 259, 282, 10}));
+    SetOrdProp(pages, "TabHeight", 30);
+    EXPECT_EQ(Box(sheet), (TBox{4, 34, 292, 155}));
+    SetOrdProp(pages, "TabPosition", tpLeft);
+    EXPECT_EQ(Box(sheet), (TBox{34, 4, 262, 185}));
 }
 
 TEST_F(Align, AFormsBorderWidthIsTakenFromItsClientArea)
