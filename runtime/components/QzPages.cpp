@@ -1,5 +1,7 @@
 #include "runtime/components/QzPages.h"
 
+#include <algorithm>
+
 // ---- Tab sheets and their tabs ---------------------------------------------------
 
 void TQzTabSheet::DeclareProperties(TClassBuilder<TQzTabSheet>& b)
@@ -188,7 +190,8 @@ TQzOutLookBar* TQzOutLookBarPage::OutLookBar() const
 void TQzOutLookBar::DeclareProperties(TClassBuilder<TQzOutLookBar>& b)
 {
     b.Property("ActivePage", &TQzOutLookBar::ActivePage, &TQzOutLookBar::SetActivePage);
-    b.Property("ButtonHeight", &TQzOutLookBar::FButtonHeight).Default(24);
+    b.Property("ButtonHeight", &TQzOutLookBar::FButtonHeight, QzRealigningSetter(&TQzOutLookBar::FButtonHeight))
+        .Default(24);
     QzDeclarePrivilege(b);
     QzDeclareSets(b, qsFont | qsColor | qsBackGround);
     DeclareEvent(b, "OnChange");
@@ -229,7 +232,28 @@ void TQzOutLookBar::SetActivePage(TQzOutLookBarPage* value)
 {
     if (value && !ComponentState().Contains(csLoading) && value->OutLookBar() != this)
         throw EInvalidOperation("The active page must be a page of " + Name());
+    if (value == FActivePage)
+        return;
     QzSetReference(this, FActivePage, value);
+    Realign();
+}
+
+TRect TQzOutLookBar::ButtonRect(int index) const
+{
+    const int active = ActivePageIndex();
+    const Integer top = index <= active || active < 0 ? index * FButtonHeight
+                                                      : ClientHeight() - (PageCount() - index) * FButtonHeight;
+    return {0, top, ClientWidth(), top + FButtonHeight};
+}
+
+void TQzOutLookBar::AdjustClientRect(TRect& rect) const
+{
+    const int count = PageCount();
+    const int active = ActivePageIndex();
+    const int above = active < 0 ? count : active + 1;
+    rect.Top += above * FButtonHeight;
+    rect.Bottom -= (count - above) * FButtonHeight;
+    rect.Bottom = std::max(rect.Bottom, rect.Top);
 }
 
 TQzOutLookBarPage* TQzOutLookBar::NewPage()

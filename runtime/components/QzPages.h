@@ -138,6 +138,14 @@ public:
     void NextPage();
     void PreviousPage();
 
+    Integer ButtonHeight() const { return FButtonHeight; }
+    // Where page's button lies inside the bar: the buttons of the active
+    // page and those before it at the top, the others at the bottom.
+    TRect ButtonRect(int index) const;
+    // The active page lies between the buttons above and below it (with no
+    // active page, below all of them).
+    void AdjustClientRect(TRect& rect) const override;
+
     void Notification(TComponent* component, TOperation operation) override;
 
 private:

@@ -153,6 +153,25 @@ TEST_F(Align, AMainMenuTakesItsBarFromTheClientArea)
     EXPECT_EQ(Box(client), (TBox{0, 0, 400, 300}));
 }
 
+TEST_F(Align, AnOutlookBarsActivePageLiesBetweenTheButtonsAboveAndBelowIt)
+{
+    auto* bar = static_cast<TQzOutLookBar*>(Add(&FForm, alNone, {0, 0, 121, 241}, new TQzOutLookBar(&FForm)));
+    TQzOutLookBarPage* first = bar->NewPage();
+    bar->NewPage();
+    TQzOutLookBarPage* third = bar->NewPage();
+    EXPECT_EQ(Box(third), (TBox{0, 72, 121, 169}));   // the last added is active
+    bar->SetActivePage(first);
+    EXPECT_EQ(Box(first), (TBox{0, 24, 121, 169}));
+    EXPECT_EQ(bar->ButtonRect(0).Top, 0);
+    EXPECT_EQ(bar->ButtonRect(1).Top, 241 - 48);
+    EXPECT_EQ(bar->ButtonRect(2).Top, 241 - 24);
+    SetOrdProp(bar, "ButtonHeight", 30);
+    EXPECT_EQ(Box(first), (TBox{0, 30, 121, 151}));
+    bar->SetActivePage(nullptr);   // every button at the top
+    EXPECT_EQ(Box(first), (TBox{0, 90, 121, 151}));
+    EXPECT_EQ(bar->ButtonRect(2).Top, 60);
+}
+
 TEST_F(Align, OnlyWhatTheAlignmentLeavesFreeSticksAndUnalignedControlsStay)
 {
     TControl* a = Add(&FForm, alTop, {0, 0, 10, 30});
