@@ -5,6 +5,7 @@
 #include "ide/QzFormClipboard.h"
 #include "ide/QzIdeDesigner.h"
 #include "ide/QzMenuBar.h"
+#include "ide/QzPagedControls.h"
 #include "ide/QzPalette.h"
 
 #include "runtime/components/Controls.h"
@@ -25,7 +26,6 @@ namespace {
 
 constexpr int Margin = 8;
 constexpr int HandleSize = 5;
-constexpr int TabHeight = 20;
 
 QString Q(const AnsiString& s) { return QString::fromStdString(s); }
 
@@ -64,7 +64,10 @@ TQzDesignSurface::TQzDesignSurface(TIdeDesigner* designer, QWidget* parent) : QW
         updateGeometry();
         update();
     });
-    connect(designer, &TIdeDesigner::SelectionChanged, this, qOverload<>(&QWidget::update));
+    connect(designer, &TIdeDesigner::SelectionChanged, this, [this] {
+        RevealSelection();
+        update();
+    });
     connect(designer, &TIdeDesigner::RootReplaced, this, [this] {
         FDrag = TDrag::None;
         FStartBounds.clear();
@@ -108,22 +111,70 @@ QSize TQzDesignSurface::sizeHint() const
     return all.adjusted(0, 0, Margin, Margin).size() + QSize(Margin, Margin);
 }
 
-TComponent* TQzDesignSurface::ActiveSheet(TComponent* pageControl) const
+// What the form names, unless the designer shows another page of a control
+// it cannot set (a class it does not know).
+TComponent* TQzDesignSurface::ActiveSheet(TComponent* paged) const
 {
-    if (pageControl->ChildCount() == 0)
-        return nullptr;
-    const AnsiString active = QzTextValue(pageControl, "ActivePage");
-    for (int i = 0; i < pageControl->ChildCount(); ++i)
-        if (!active.empty() && SameText(pageControl->Child(i)->Name(), active))
-            return pageControl->Child(i);
-    return pageControl->Child(0);
+    if (const auto it = FShownPages.find(paged->Name()); it != FShownPages.end())
+        for (int i = 0; i < paged->ChildCount(); ++i)
+            if (SameText(paged->Child(i)->Name(), it->second))
+                return paged->Child(i);
+    return QzActivePage(paged);
+}
+
+// Shows the page: through the control's ActivePage, one undoable change,
+// or, for a class the designer does not know, only on the surface.
+void TQzDesignSurface::ShowPage(TComponent* paged, TComponent* page)
+{
+    if (ActiveSheet(paged) == page)
+        return;
+    if (dynamic_cast<TControl*>(paged)) {
+        Run(QStringLiteral("Show %1").arg(Q(page->Name())), [&] {
+            QzSetActivePage(paged, page);
+            FDesigner->Modified();
+        });
+        return;
+    }
+    FShownPages[paged->Name()] = page->Name();
+    update();
+}
+
+// A selected component on a page not shown brings its page forward where
+// that changes nothing in the form.
+void TQzDesignSurface::RevealSelection()
+{
+    for (TComponent* selected : FDesigner->SelectedComponents())
+        for (TComponent* c = selected; c && c != FDesigner->GetRoot(); c = c->GetParentComponent()) {
+            TComponent* parent = c->GetParentComponent();
+            if (parent && !dynamic_cast<TControl*>(parent) && QzIsPagedControl(parent) && ActiveSheet(parent) != c)
+                FShownPages[parent->Name()] = c->Name();
+        }
+}
+
+std::optional<TQzPageButton> TQzDesignSurface::PageButtonAt(const QPoint& pos) const
+{
+    std::optional<TQzPageButton> found;
+    std::function<void(TComponent*)> search = [&](TComponent* parent) {
+        for (int i = 0; i < parent->ChildCount(); ++i) {
+            TComponent* c = parent->Child(i);
+            if (!QzIsControl(c) || !IsShown(c))
+                continue;
+            if (QzIsPagedControl(c))
+                for (const TQzPageButton& b : QzPageButtons(c, SurfaceRect(c), ActiveSheet(c), fontMetrics()))
+                    if (b.Rect.contains(pos))
+                        found = b;
+            search(c);
+        }
+    };
+    search(FDesigner->GetRoot());
+    return found;
 }
 
 bool TQzDesignSurface::IsShown(TComponent* component) const
 {
     for (TComponent* c = component; c && c != FDesigner->GetRoot(); c = c->GetParentComponent()) {
         TComponent* parent = c->GetParentComponent();
-        if (parent && QzIsPageControl(parent) && ActiveSheet(parent) != c)
+        if (parent && QzIsPagedControl(parent) && ActiveSheet(parent) != c)
             return false;
     }
     return true;
@@ -151,7 +202,7 @@ QRect TQzDesignSurface::SurfaceRect(TComponent* component) const
     if (parent && QzIsPageControl(parent)) {
         // A sheet fills its page control below the tabs.
         const QRect host = SurfaceRect(parent);
-        return host.adjusted(4, TabHeight + 4, -4, -4);
+        return host.adjusted(4, QzTabRowHeight + 4, -4, -4);
     }
     return bounds.translated(ContainerOrigin(parent));
 }
@@ -185,7 +236,7 @@ TComponent* TQzDesignSurface::ContainerAt(const QPoint& pos) const
     TComponent* at = ComponentAt(pos);
     while (at && at != FDesigner->GetRoot() && !QzIsContainer(at))
         at = at->GetParentComponent();
-    if (at && QzIsPageControl(at))
+    if (at && QzIsPagedControl(at) && ActiveSheet(at))
         at = ActiveSheet(at);
     return at ? at : FDesigner->GetRoot();
 }
@@ -250,32 +301,30 @@ void TQzDesignSurface::PaintMenuBar(QPainter& p, const QRect& bar)
     }
 }
 
+// A page control's tabs (only the shown sheet's contents show) or an
+// outlook bar's buttons.
+void TQzDesignSurface::PaintPageButtons(QPainter& p, TComponent* paged)
+{
+    const bool tabs = QzIsPageControl(paged);
+    for (const TQzPageButton& b : QzPageButtons(paged, SurfaceRect(paged), ActiveSheet(paged), p.fontMetrics())) {
+        p.fillRect(b.Rect, QColor(212, 208, 200));
+        p.setPen(Qt::white);
+        p.drawLine(b.Rect.topLeft(), b.Rect.topRight());
+        p.drawLine(b.Rect.topLeft(), b.Rect.bottomLeft());
+        p.setPen(QColor(64, 64, 64));
+        p.drawLine(b.Rect.topRight(), b.Rect.bottomRight());
+        if (!tabs)
+            p.drawLine(b.Rect.bottomLeft(), b.Rect.bottomRight());
+        p.setPen(Qt::black);
+        p.drawText(b.Rect, Qt::AlignCenter, b.Title);
+    }
+}
+
 void TQzDesignSurface::PaintChildren(QPainter& p, TComponent* parent)
 {
     const bool pages = QzIsPageControl(parent);
-    if (pages) {
-        // The tabs of every sheet; only the active sheet's contents show.
-        const QRect host = SurfaceRect(parent);
-        int x = host.left() + 2;
-        TComponent* active = ActiveSheet(parent);
-        for (int i = 0; i < parent->ChildCount(); ++i) {
-            TComponent* sheet = parent->Child(i);
-            AnsiString title = QzTextValue(sheet, "Caption");
-            if (title.empty())
-                title = sheet->Name();
-            const int w = p.fontMetrics().horizontalAdvance(Q(title)) + 14;
-            const QRect tab(x, host.top() + (sheet == active ? 0 : 2), w, TabHeight - (sheet == active ? 0 : 2));
-            p.fillRect(tab, QColor(212, 208, 200));
-            p.setPen(Qt::white);
-            p.drawLine(tab.topLeft(), tab.topRight());
-            p.drawLine(tab.topLeft(), tab.bottomLeft());
-            p.setPen(QColor(64, 64, 64));
-            p.drawLine(tab.topRight(), tab.bottomRight());
-            p.setPen(Qt::black);
-            p.drawText(tab, Qt::AlignCenter, Q(title));
-            x += w;
-        }
-    }
+    if (QzIsPagedControl(parent))
+        PaintPageButtons(p, parent);
     for (int i = 0; i < parent->ChildCount(); ++i) {
         TComponent* child = parent->Child(i);
         if (!QzIsControl(child) || !IsShown(child))
@@ -283,7 +332,7 @@ void TQzDesignSurface::PaintChildren(QPainter& p, TComponent* parent)
         const QRect r = SurfaceRect(child);
         if (pages) {
             // The page's frame; the sheet itself is flat inside it.
-            const QRect host = SurfaceRect(parent).adjusted(0, TabHeight, 0, 0);
+            const QRect host = SurfaceRect(parent).adjusted(0, QzTabRowHeight, 0, 0);
             p.setPen(Qt::white);
             p.drawLine(host.topLeft(), host.topRight());
             p.drawLine(host.topLeft(), host.bottomLeft());
@@ -488,6 +537,15 @@ void TQzDesignSurface::mousePressEvent(QMouseEvent* event)
     FBandEnd = pos;
     FHandle = HandleAt(pos);
     FStartBounds.clear();
+    if (FHandle < 0 && !(event->modifiers() & Qt::ShiftModifier)) {
+        if (const std::optional<TQzPageButton> button = PageButtonAt(pos)) {
+            // A tab or button shows its page and selects it.
+            ShowPage(button->Page->GetParentComponent(), button->Page);
+            SelectOnly(FDesigner->GetRoot()->FindComponent(button->Page->Name()));
+            FDrag = TDrag::None;
+            return;
+        }
+    }
     if (FHandle >= 0) {
         FDrag = TDrag::Size;
     } else {

@@ -7,7 +7,10 @@
 // sibling that way, Tab and Shift+Tab the next and previous one, Escape the
 // parent; Ctrl+arrows move by one pixel, Shift+arrows size by one, Del
 // deletes. A class chosen on the palette is placed where the form is
-// clicked. Every change is one undo step of the form's designer.
+// clicked. A click on a page control's tab or an outlook bar's button shows
+// its page. Every change is one undo step of the form's designer.
+
+#include "ide/QzPagedControls.h"
 
 #include "rtl/Component.h"
 
@@ -16,6 +19,7 @@
 #include <QWidget>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 
 class QMenu;
@@ -81,7 +85,11 @@ private:
     QPoint ContainerOrigin(TComponent* container) const;
     bool IsShown(TComponent* component) const;
     TComponent* ContainerAt(const QPoint& pos) const;
-    TComponent* ActiveSheet(TComponent* pageControl) const;
+    TComponent* ActiveSheet(TComponent* paged) const;
+    void ShowPage(TComponent* paged, TComponent* page);
+    void RevealSelection();
+    std::optional<TQzPageButton> PageButtonAt(const QPoint& pos) const;
+    void PaintPageButtons(QPainter& p, TComponent* paged);
     void PaintChildren(QPainter& p, TComponent* parent);
     void PaintIcons(QPainter& p);
     void PaintHandles(QPainter& p);
@@ -100,4 +108,7 @@ private:
     QPoint FBandEnd;
     std::string FBefore;
     std::map<TComponent*, QRect> FStartBounds;   // control bounds, or icon position in x/y
+    // Pages shown of controls whose ActivePage the designer cannot set, by
+    // the names of control and page, so they outlive a form read again.
+    std::map<AnsiString, AnsiString> FShownPages;
 };

@@ -89,9 +89,13 @@ object MainForm: TQzCForm
     ActivePage = SheetCustomer
     Pages = <
       item
+        Caption.PkgName = 'DEMO'
+        Caption.Id = 1
         TabSheet = SheetCustomer
       end
       item
+        Caption.PkgName = 'DEMO'
+        Caption.Id = 6
         TabSheet = SheetNotes
       end>
     object SheetCustomer: TQzTabSheet
