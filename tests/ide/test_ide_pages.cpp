@@ -5,6 +5,7 @@
 
 #include "IdeFixture.h"
 
+#include "ide/QzControlLook.h"
 #include "ide/QzDesignSurface.h"
 #include "ide/QzPagedControls.h"
 
@@ -26,6 +27,17 @@ QPoint ButtonOf(TQzDesignSurface* s, TComponent* paged, const char* page)
 }
 
 void Click(TQzDesignSurface* s, const QPoint& at) { QTest::mouseClick(s, Qt::LeftButton, {}, at); }
+
+// A page of an outlook bar with a button on it, as the designer writes it.
+std::string OutlookPage(const std::string& page, const std::string& button)
+{
+    return "    object " + page + ": TQzOutLookBarPage\r\n"
+           "      Left = 0\r\n      Top = 24\r\n      Width = 121\r\n      Height = 193\r\n"
+           "      object " + button + ": TQzBitBtn\r\n"
+           "        Left = 8\r\n        Top = 8\r\n        Width = 75\r\n        Height = 25\r\n"
+           "      end\r\n"
+           "    end\r\n";
+}
 
 }  // namespace
 
@@ -80,6 +92,7 @@ TEST_F(TIdePagesTest, PagesOfUnknownControlsAreShownWithoutChangingTheForm)
         "    Width = 200\r\n"
         "    Height = 120\r\n"
         "    ActivePage = Sheet1\r\n"
+        // A page control by its ActivePage; its sheets store no size.
         "    object Sheet1: TMyTabSheet\r\n"
         "      Caption = 'One'\r\n"
         "      object Label1: TMyLabel\r\n"
@@ -105,7 +118,17 @@ TEST_F(TIdePagesTest, PagesOfUnknownControlsAreShownWithoutChangingTheForm)
     TComponent* book = d->GetComponent("Book1");
     const std::string before = d->Snapshot();
     const auto at = [&](const char* name) { return s->ComponentAt(s->SurfaceRect(d->GetComponent(name)).center()); };
+    TComponent* sheet2 = d->GetComponent("Sheet2");
+    EXPECT_TRUE(QzIsPageControl(book));
+    EXPECT_TRUE(QzIsControl(sheet2));   // it sits on a control
+    EXPECT_EQ(QzPageTitle(book, sheet2), "Two");
+    const QRect bookRect = s->SurfaceRect(book);
+    EXPECT_EQ(bookRect, QRect(s->ClientOrigin() + QPoint(10, 10), QSize(200, 120)));
+    EXPECT_TRUE(bookRect.contains(s->SurfaceRect(sheet2)));
+    EXPECT_EQ(s->SurfaceRect(d->GetComponent("Edit2")).topLeft(), s->SurfaceRect(sheet2).topLeft() + QPoint(8, 40));
+    // Only the shown sheet's controls are there to be clicked.
     EXPECT_EQ(at("Label1"), d->GetComponent("Label1"));
+    EXPECT_EQ(at("Edit2"), d->GetComponent("Sheet1"));
 
     Click(s, ButtonOf(s, book, "Sheet2"));
     EXPECT_EQ(at("Edit2"), d->GetComponent("Edit2"));
@@ -130,31 +153,8 @@ TEST_F(TIdePagesTest, AnOutlookBarsButtonShowsItsPageBetweenTheButtons)
         "    Top = 0\r\n"
         "    Width = 121\r\n"
         "    Height = 241\r\n"
-        "    ActivePage = Page1\r\n"
-        "    object Page1: TQzOutLookBarPage\r\n"
-        "      Left = 0\r\n"
-        "      Top = 24\r\n"
-        "      Width = 121\r\n"
-        "      Height = 193\r\n"
-        "      object Button1: TQzBitBtn\r\n"
-        "        Left = 8\r\n"
-        "        Top = 8\r\n"
-        "        Width = 75\r\n"
-        "        Height = 25\r\n"
-        "      end\r\n"
-        "    end\r\n"
-        "    object Page2: TQzOutLookBarPage\r\n"
-        "      Left = 0\r\n"
-        "      Top = 24\r\n"
-        "      Width = 121\r\n"
-        "      Height = 193\r\n"
-        "      object Button2: TQzBitBtn\r\n"
-        "        Left = 8\r\n"
-        "        Top = 8\r\n"
-        "        Width = 75\r\n"
-        "        Height = 25\r\n"
-        "      end\r\n"
-        "    end\r\n"
+        "    ActivePage = Page1\r\n" +
+        OutlookPage("Page1", "Button1") + OutlookPage("Page2", "Button2") +
         "  end\r\n"
         "end\r\n");
     ASSERT_NE(d, nullptr);

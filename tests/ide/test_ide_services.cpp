@@ -123,30 +123,6 @@ TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
         "    object Action1: TMyAction\r\n"
         "    end\r\n"
         "  end\r\n"
-        // A page control by its ActivePage; its sheets store no size.
-        "  object Pages1: TMyBook\r\n"
-        "    Left = 10\r\n"
-        "    Top = 90\r\n"
-        "    Width = 200\r\n"
-        "    Height = 100\r\n"
-        "    ActivePage = Sheet2\r\n"
-        "    object Sheet1: TMyTabSheet\r\n"
-        "      object Label1: TMyLabel\r\n"
-        "        Left = 8\r\n"
-        "        Top = 8\r\n"
-        "        Width = 40\r\n"
-        "        Height = 13\r\n"
-        "      end\r\n"
-        "    end\r\n"
-        "    object Sheet2: TMyTabSheet\r\n"
-        "      object Edit2: TMyEdit\r\n"
-        "        Left = 8\r\n"
-        "        Top = 40\r\n"
-        "        Width = 100\r\n"
-        "        Height = 21\r\n"
-        "      end\r\n"
-        "    end\r\n"
-        "  end\r\n"
         "end\r\n";
     WriteBytes(dir.filePath("Foreign.cpp"), "// unit\n");
     WriteBytes(dir.filePath("Foreign.dfm"), form);
@@ -173,20 +149,9 @@ TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
     EXPECT_EQ(QzTextValue(grid, "Caption"), "(7, DEMO)");
     EXPECT_EQ(FWindow->Tree()->ItemOf(grid)->text(0), "Grid1: TMyGrid");
 
-    // Components inside controls are controls; inside non-visual ones, not.
-    TComponent* sheet2 = d->GetComponent("Sheet2");
-    TComponent* edit2 = d->GetComponent("Edit2");
-    EXPECT_TRUE(QzIsControl(sheet2));
-    EXPECT_TRUE(QzIsPageControl(d->GetComponent("Pages1")));
-    EXPECT_FALSE(QzIsPageControl(grid));
+    // Components inside non-visual ones are not controls.
     EXPECT_FALSE(QzIsControl(d->GetComponent("Action1")));
-    const QRect pages = s->SurfaceRect(d->GetComponent("Pages1"));
-    EXPECT_EQ(pages, QRect(s->ClientOrigin() + QPoint(10, 90), QSize(200, 100)));
-    EXPECT_TRUE(pages.contains(s->SurfaceRect(sheet2)));
-    EXPECT_EQ(s->SurfaceRect(edit2).topLeft(), s->SurfaceRect(sheet2).topLeft() + QPoint(8, 40));
-    // Only the active sheet's controls are there to be clicked.
-    EXPECT_EQ(s->ComponentAt(s->SurfaceRect(edit2).center()), edit2);
-    EXPECT_EQ(s->ComponentAt(s->SurfaceRect(d->GetComponent("Label1")).center()), sheet2);
+    EXPECT_FALSE(QzIsPageControl(grid));
 
     // Nothing to set: a nudge changes nothing and records nothing.
     d->SelectComponent(grid);
