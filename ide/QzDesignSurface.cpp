@@ -128,7 +128,7 @@ void TQzDesignSurface::ShowPage(TComponent* paged, TComponent* page)
 {
     if (ActiveSheet(paged) == page)
         return;
-    if (dynamic_cast<TControl*>(paged)) {
+    if (QzCanSetActivePage(paged)) {
         Run(QStringLiteral("Show %1").arg(Q(page->Name())), [&] {
             QzSetActivePage(paged, page);
             FDesigner->Modified();
@@ -146,7 +146,7 @@ void TQzDesignSurface::RevealSelection()
     for (TComponent* selected : FDesigner->SelectedComponents())
         for (TComponent* c = selected; c && c != FDesigner->GetRoot(); c = c->GetParentComponent()) {
             TComponent* parent = c->GetParentComponent();
-            if (parent && !dynamic_cast<TControl*>(parent) && QzIsPagedControl(parent) && ActiveSheet(parent) != c)
+            if (parent && QzIsPagedControl(parent) && !QzCanSetActivePage(parent) && ActiveSheet(parent) != c)
                 FShownPages[parent->Name()] = c->Name();
         }
 }

@@ -28,6 +28,11 @@ TComponent* QzActivePage(TComponent* paged)
     return paged->Child(0);
 }
 
+bool QzCanSetActivePage(TComponent* paged)
+{
+    return dynamic_cast<TQzCustomPageControl*>(paged) || dynamic_cast<TQzOutLookBar*>(paged);
+}
+
 bool QzSetActivePage(TComponent* paged, TComponent* page)
 {
     if (auto* pages = dynamic_cast<TQzCustomPageControl*>(paged)) {

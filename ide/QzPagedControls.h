@@ -19,8 +19,10 @@ bool QzIsPagedControl(TComponent* component);
 // names none.
 TComponent* QzActivePage(TComponent* paged);
 
-// Makes page the control's active page, for the classes the designer
-// knows; false for the others, whose ActivePage stays as it was read.
+// Whether the designer can set the control's ActivePage: the suite's page
+// controls and outlook bars; a class it does not know keeps what was read.
+bool QzCanSetActivePage(TComponent* paged);
+// Makes page the control's active page; false when it cannot.
 bool QzSetActivePage(TComponent* paged, TComponent* page);
 
 // What a page's tab or button says: the caption of its page item (a
