@@ -61,6 +61,13 @@ TQzDesignSurface::TQzDesignSurface(TIdeDesigner* designer, QWidget* parent) : QW
     pal.setColor(QPalette::Window, pal.color(QPalette::Mid).lighter(130));
     setPalette(pal);
     connect(designer, &TIdeDesigner::Changed, this, [this] {
+        // After a change, what the form says of its pages holds again,
+        // except where that would hide the selection.
+        std::erase_if(FShownPages, [this](const auto& shown) {
+            TComponent* paged = FDesigner->GetRoot()->FindComponent(shown.first);
+            return !paged || QzCanSetActivePage(paged);
+        });
+        RevealSelection();
         updateGeometry();
         update();
     });
@@ -126,27 +133,30 @@ TComponent* TQzDesignSurface::ActiveSheet(TComponent* paged) const
 // or, for a class the designer does not know, only on the surface.
 void TQzDesignSurface::ShowPage(TComponent* paged, TComponent* page)
 {
-    if (ActiveSheet(paged) == page)
-        return;
     if (QzCanSetActivePage(paged)) {
-        Run(QStringLiteral("Show %1").arg(Q(page->Name())), [&] {
-            QzSetActivePage(paged, page);
-            FDesigner->Modified();
-        });
+        FShownPages.erase(paged->Name());
+        if (QzActivePage(paged) != page)
+            Run(QStringLiteral("Show %1").arg(Q(page->Name())), [&] {
+                QzSetActivePage(paged, page);
+                FDesigner->Modified();
+            });
+        update();
         return;
     }
     FShownPages[paged->Name()] = page->Name();
     update();
 }
 
-// A selected component on a page not shown brings its page forward where
-// that changes nothing in the form.
+// A selected component on a sheet not shown brings its sheet forward, on
+// the surface alone: the form keeps its ActivePage. (An outlook bar's
+// pages lie where its active page puts them, so only a click on a button
+// shows another.)
 void TQzDesignSurface::RevealSelection()
 {
     for (TComponent* selected : FDesigner->SelectedComponents())
         for (TComponent* c = selected; c && c != FDesigner->GetRoot(); c = c->GetParentComponent()) {
             TComponent* parent = c->GetParentComponent();
-            if (parent && QzIsPagedControl(parent) && !QzCanSetActivePage(parent) && ActiveSheet(parent) != c)
+            if (parent && QzIsPageControl(parent) && ActiveSheet(parent) != c)
                 FShownPages[parent->Name()] = c->Name();
         }
 }
@@ -540,8 +550,9 @@ void TQzDesignSurface::mousePressEvent(QMouseEvent* event)
     if (FHandle < 0 && !(event->modifiers() & Qt::ShiftModifier)) {
         if (const std::optional<TQzPageButton> button = PageButtonAt(pos)) {
             // A tab or button shows its page and selects it.
+            const AnsiString page = button->Page->Name();
             ShowPage(button->Page->GetParentComponent(), button->Page);
-            SelectOnly(FDesigner->GetRoot()->FindComponent(button->Page->Name()));
+            SelectOnly(FDesigner->GetRoot()->FindComponent(page));
             FDrag = TDrag::None;
             return;
         }

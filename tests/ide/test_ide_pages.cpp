@@ -1,7 +1,7 @@
 // Pages in the designer: a click on a page control's tab or an outlook
 // bar's button shows its page, through ActivePage as one undo step where
 // the class is known, on the surface alone where it is not; selecting a
-// component on a hidden page of an unknown control brings the page forward.
+// component on a hidden sheet brings the sheet forward on the surface.
 
 #include "IdeFixture.h"
 
@@ -77,6 +77,24 @@ TEST_F(TIdePagesTest, ATabShowsItsSheetAsOneUndoableStep)
 
     d->UndoStack()->undo();
     EXPECT_EQ(d->Snapshot(), before);
+    d->SelectComponent(Find("EditName"));
+    EXPECT_EQ(s->ComponentAt(s->SurfaceRect(Find("EditName")).center()), Find("EditName"));
+
+    // Choosing a control on a hidden sheet shows the sheet on the surface
+    // alone, and changing it keeps it shown; once the selection is
+    // elsewhere, a change shows what the form says again.
+    const QPoint memo = s->SurfaceRect(Find("MemoNotes")).center();
+    d->SelectComponent(Find("MemoNotes"));
+    EXPECT_EQ(s->ComponentAt(memo), Find("MemoNotes"));
+    EXPECT_EQ(d->Snapshot(), before);
+    EXPECT_EQ(d->UndoStack()->count(), 1);   // the undone step, nothing new
+    QTest::keyClick(s, Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(s->ComponentAt(memo), Find("MemoNotes"));
+    d->SelectComponent(Find("ButtonSave"));
+    d->Change("Rename", [&] {
+        Find("ButtonSave")->SetName("ButtonStore");
+        d->Modified();
+    });
     EXPECT_EQ(s->ComponentAt(s->SurfaceRect(Find("EditName")).center()), Find("EditName"));
 }
 
