@@ -190,11 +190,7 @@ void TQzPkgIdItem::SetId(Integer value)
 
 void TQzPkgIdItem::SetProtected(bool value)
 {
-    if (value == FProtected)
-        return;
-    CheckChange();
-    FProtected = value;
-    Changed();
+    ChangeField(FProtected, value);
 }
 
 // ---------------------------------------------------------------------------

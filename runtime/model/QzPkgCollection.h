@@ -38,6 +38,17 @@ protected:
     void CheckChange() const;
     // Call after changing the item.
     void Changed();
+    // Sets a field as one change of the item: nothing when it holds the
+    // value already, refused when the package may not change.
+    template <class V>
+    void ChangeField(V& field, const V& value)
+    {
+        if (field == value)
+            return;
+        CheckChange();
+        field = value;
+        Changed();
+    }
 
 private:
     friend class TQzPkgCollection;

@@ -37,11 +37,7 @@ void TQzPkgDisplaySet::SetName(const AnsiString& value)
 
 void TQzPkgDisplaySet::SetDescription(const AnsiString& value)
 {
-    if (value == FDescription)
-        return;
-    CheckChange();
-    FDescription = value;
-    Changed();
+    ChangeField(FDescription, value);
 }
 
 void TQzPkgDisplaySet::SetDescriptionId(TQzMemoryLabel* value)
@@ -127,11 +123,7 @@ void TQzPkgDisplaySetColor::DeclareProperties(TClassBuilder<TQzPkgDisplaySetColo
 
 void TQzPkgDisplaySetColor::SetColor(TColor value)
 {
-    if (value == FColor)
-        return;
-    CheckChange();
-    FColor = value;
-    Changed();
+    ChangeField(FColor, value);
 }
 
 void TQzPkgDisplaySetColor::Assign(TPersistent* source)

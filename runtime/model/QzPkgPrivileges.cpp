@@ -114,11 +114,7 @@ TQzPkgPrivilegesItem::TQzPkgPrivilegesItem(TQzPkgIdCollection* collection, Integ
 
 void TQzPkgPrivilegesItem::SetDescription(const AnsiString& value)
 {
-    if (value == FDescription)
-        return;
-    CheckChange();
-    FDescription = value;
-    Changed();
+    ChangeField(FDescription, value);
 }
 
 void TQzPkgPrivilegesItem::SetDescriptionId(TQzMemoryLabel* value)
@@ -140,11 +136,7 @@ void TQzPkgPrivilegesItem::SetAccess(TQzAccess value)
 
 void TQzPkgPrivilegesItem::SetVisible(bool value)
 {
-    if (value == FVisible)
-        return;
-    CheckChange();
-    FVisible = value;
-    Changed();
+    ChangeField(FVisible, value);
 }
 
 AnsiString TQzPkgPrivilegesItem::DisplayText() const

@@ -17,20 +17,12 @@ void TQzPkgStringsLabel::DeclareProperties(TClassBuilder<TQzPkgStringsLabel>& b)
 
 void TQzPkgStringsLabel::SetText(const AnsiString& value)
 {
-    if (value == FText)
-        return;
-    CheckChange();
-    FText = value;
-    Changed();
+    ChangeField(FText, value);
 }
 
 void TQzPkgStringsLabel::SetHint(const AnsiString& value)
 {
-    if (value == FHint)
-        return;
-    CheckChange();
-    FHint = value;
-    Changed();
+    ChangeField(FHint, value);
 }
 
 // Copies the data, not the Id: two items of one list cannot share it.
@@ -45,51 +37,22 @@ void TQzPkgStringsLabel::Assign(TPersistent* source)
     TQzPkgIdItem::Assign(source);
 }
 
-void TQzPkgStringsMessage::DeclareProperties(TClassBuilder<TQzPkgStringsMessage>& b)
+void TQzPkgStringsTextItem::DeclareProperties(TClassBuilder<TQzPkgStringsTextItem>& b)
 {
-    b.Property("Id", &TQzPkgStringsMessage::Id, &TQzPkgStringsMessage::SetId).NoDefault();
-    b.Property("Text", &TQzPkgStringsMessage::Text, &TQzPkgStringsMessage::SetText);
-    b.Property("Protected", &TQzPkgStringsMessage::Protected, &TQzPkgStringsMessage::SetProtected).Default(false);
+    b.Property("Id", &TQzPkgStringsTextItem::Id, &TQzPkgStringsTextItem::SetId).NoDefault();
+    b.Property("Text", &TQzPkgStringsTextItem::Text, &TQzPkgStringsTextItem::SetText);
+    b.Property("Protected", &TQzPkgStringsTextItem::Protected, &TQzPkgStringsTextItem::SetProtected).Default(false);
 }
 
-void TQzPkgStringsMessage::SetText(const AnsiString& value)
+void TQzPkgStringsTextItem::SetText(const AnsiString& value)
 {
-    if (value == FText)
-        return;
-    CheckChange();
-    FText = value;
-    Changed();
+    ChangeField(FText, value);
 }
 
-void TQzPkgStringsMessage::Assign(TPersistent* source)
+void TQzPkgStringsTextItem::Assign(TPersistent* source)
 {
-    if (auto* other = dynamic_cast<TQzPkgStringsMessage*>(source)) {
-        SetText(other->FText);
-        SetProtected(other->Protected());
-        return;
-    }
-    TQzPkgIdItem::Assign(source);
-}
-
-void TQzPkgStringsText::DeclareProperties(TClassBuilder<TQzPkgStringsText>& b)
-{
-    b.Property("Id", &TQzPkgStringsText::Id, &TQzPkgStringsText::SetId).NoDefault();
-    b.Property("Text", &TQzPkgStringsText::Text, &TQzPkgStringsText::SetText);
-    b.Property("Protected", &TQzPkgStringsText::Protected, &TQzPkgStringsText::SetProtected).Default(false);
-}
-
-void TQzPkgStringsText::SetText(const AnsiString& value)
-{
-    if (value == FText)
-        return;
-    CheckChange();
-    FText = value;
-    Changed();
-}
-
-void TQzPkgStringsText::Assign(TPersistent* source)
-{
-    if (auto* other = dynamic_cast<TQzPkgStringsText*>(source)) {
+    auto* other = dynamic_cast<TQzPkgStringsTextItem*>(source);
+    if (other && other->ClassType() == ClassType()) {
         SetText(other->FText);
         SetProtected(other->Protected());
         return;

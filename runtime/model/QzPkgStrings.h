@@ -25,35 +25,37 @@ private:
     AnsiString FHint;
 };
 
-class TQzPkgStringsMessage : public TQzPkgIdItem {
-    QZ_CLASS(TQzPkgStringsMessage, TQzPkgIdItem)
+// An Id with one text: what messages and texts hold.
+class TQzPkgStringsTextItem : public TQzPkgIdItem {
+    QZ_CLASS(TQzPkgStringsTextItem, TQzPkgIdItem)
 
 public:
-    TQzPkgStringsMessage(TQzPkgIdCollection* collection, Integer id) : TQzPkgIdItem(collection, id) {}
-
     const AnsiString& Text() const { return FText; }
     void SetText(const AnsiString& value);
+    // From an item of the same class only: a message is no text.
     void Assign(TPersistent* source) override;
 
+protected:
+    TQzPkgStringsTextItem(TQzPkgIdCollection* collection, Integer id) : TQzPkgIdItem(collection, id) {}
+
 private:
-    static void DeclareProperties(TClassBuilder<TQzPkgStringsMessage>& b);
+    static void DeclareProperties(TClassBuilder<TQzPkgStringsTextItem>& b);
     AnsiString FText;
 };
 
-// A text may hold several lines, kept with the line breaks it was given.
-class TQzPkgStringsText : public TQzPkgIdItem {
-    QZ_CLASS(TQzPkgStringsText, TQzPkgIdItem)
+class TQzPkgStringsMessage : public TQzPkgStringsTextItem {
+    QZ_CLASS(TQzPkgStringsMessage, TQzPkgStringsTextItem)
 
 public:
-    TQzPkgStringsText(TQzPkgIdCollection* collection, Integer id) : TQzPkgIdItem(collection, id) {}
+    TQzPkgStringsMessage(TQzPkgIdCollection* collection, Integer id) : TQzPkgStringsTextItem(collection, id) {}
+};
 
-    const AnsiString& Text() const { return FText; }
-    void SetText(const AnsiString& value);
-    void Assign(TPersistent* source) override;
+// A text may hold several lines, kept with the line breaks it was given.
+class TQzPkgStringsText : public TQzPkgStringsTextItem {
+    QZ_CLASS(TQzPkgStringsText, TQzPkgStringsTextItem)
 
-private:
-    static void DeclareProperties(TClassBuilder<TQzPkgStringsText>& b);
-    AnsiString FText;
+public:
+    TQzPkgStringsText(TQzPkgIdCollection* collection, Integer id) : TQzPkgStringsTextItem(collection, id) {}
 };
 
 class TQzPkgStringsLabels : public TQzPkgIdCollection {
