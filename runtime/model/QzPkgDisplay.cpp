@@ -164,51 +164,37 @@ void TQzPkgDisplaySetFont::SetValues(const TQzFontValues& value)
 
 void TQzPkgDisplaySetFont::SetFontName(const AnsiString& value)
 {
-    TQzFontValues v = FValues;
-    v.Name = value;
-    SetValues(v);
+    SetValue(&TQzFontValues::Name, value);
 }
 
 void TQzPkgDisplaySetFont::SetSize(Integer value)
 {
-    TQzFontValues v = FValues;
-    v.Size = value;
-    SetValues(v);
+    SetValue(&TQzFontValues::Size, value);
 }
 
 void TQzPkgDisplaySetFont::SetColor(TColor value)
 {
-    TQzFontValues v = FValues;
-    v.Color = value;
-    SetValues(v);
+    SetValue(&TQzFontValues::Color, value);
 }
 
 void TQzPkgDisplaySetFont::SetBold(bool value)
 {
-    TQzFontValues v = FValues;
-    v.Bold = value;
-    SetValues(v);
+    SetValue(&TQzFontValues::Bold, value);
 }
 
 void TQzPkgDisplaySetFont::SetItalic(bool value)
 {
-    TQzFontValues v = FValues;
-    v.Italic = value;
-    SetValues(v);
+    SetValue(&TQzFontValues::Italic, value);
 }
 
 void TQzPkgDisplaySetFont::SetUnderline(bool value)
 {
-    TQzFontValues v = FValues;
-    v.Underline = value;
-    SetValues(v);
+    SetValue(&TQzFontValues::Underline, value);
 }
 
 void TQzPkgDisplaySetFont::SetStrikeOut(bool value)
 {
-    TQzFontValues v = FValues;
-    v.StrikeOut = value;
-    SetValues(v);
+    SetValue(&TQzFontValues::StrikeOut, value);
 }
 
 void TQzPkgDisplaySetFont::Assign(TPersistent* source)

@@ -105,6 +105,14 @@ public:
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgDisplaySetFont>& b);
+    // One of the values changed, as a change of them all.
+    template <class V>
+    void SetValue(V TQzFontValues::*member, const V& value)
+    {
+        TQzFontValues v = FValues;
+        v.*member = value;
+        SetValues(v);
+    }
     TQzFontValues FValues;
 };
 
