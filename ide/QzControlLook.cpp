@@ -17,6 +17,8 @@
 #include <QStyleOption>
 #include <QApplication>
 
+#include <algorithm>
+
 namespace {
 
 const TStreamedProperty* FindStreamed(TComponent* component, const AnsiString& name)
@@ -255,12 +257,29 @@ QSize QzClientSize(TComponent* root)
         return QSize(form->ClientWidth(), form->ClientHeight());
     if (auto* control = dynamic_cast<TControl*>(root))
         return QSize(control->Width(), control->Height());
+    if (QzIsDataModule(root))
+        return QSize(QzIntegerValue(root, "Width").value_or(215), QzIntegerValue(root, "Height").value_or(150));
     const auto cw = QzIntegerValue(root, "ClientWidth"), ch = QzIntegerValue(root, "ClientHeight");
     if (cw && ch)
         return QSize(*cw, *ch);
     // A window's frame (classic metrics) and menu bar around its client area.
     return QSize(QzIntegerValue(root, "Width").value_or(400) - 8,
                  QzIntegerValue(root, "Height").value_or(300) - 27 - QzMenuBarHeight(root));
+}
+
+// A data module writes its designer's bounds after everything else, the
+// height before the width; a form publishes Width before Height.
+bool QzIsDataModule(TComponent* root)
+{
+    auto* info = dynamic_cast<TComponentStreamInfo*>(root->StreamInfo());
+    if (dynamic_cast<TControl*>(root) || !info || FindStreamed(root, "Caption"))
+        return false;
+    const auto& props = info->Properties;
+    const auto at = [&](const char* name) {
+        return std::find_if(props.begin(), props.end(), [&](const TStreamedProperty& p) { return SameText(p.Name, name); });
+    };
+    const auto height = at("Height"), width = at("Width");
+    return height != props.end() && width != props.end() && height < width;
 }
 
 AnsiString QzFormCaption(TComponent* root)

@@ -66,6 +66,10 @@ QRect QzDesignRect(TComponent* component);
 
 // The client area's size of a root (a form's client size, a frame's size).
 QSize QzClientSize(TComponent* root);
+// A root that holds only non-visual components and is no window (no
+// caption, no client size): a data module, drawn as a plain white area of
+// its width and height.
+bool QzIsDataModule(TComponent* root);
 // The caption a form shows in its title bar.
 AnsiString QzFormCaption(TComponent* root);
 

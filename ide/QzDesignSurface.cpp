@@ -87,14 +87,14 @@ int TQzDesignSurface::Border() const
 {
     if (auto* form = dynamic_cast<TCustomForm*>(FDesigner->GetRoot()))
         return form->FrameWidth() / 2;
-    return 4;
+    return QzIsDataModule(FDesigner->GetRoot()) ? 1 : 4;
 }
 
 int TQzDesignSurface::CaptionHeight() const
 {
     if (auto* form = dynamic_cast<TCustomForm*>(FDesigner->GetRoot()))
         return std::max(0, form->FrameHeight() - form->FrameWidth());
-    return 19;
+    return QzIsDataModule(FDesigner->GetRoot()) ? 0 : 19;
 }
 
 QPoint TQzDesignSurface::ClientOrigin() const
@@ -263,24 +263,30 @@ void TQzDesignSurface::paintEvent(QPaintEvent*)
     p.fillRect(form, QColor(212, 208, 200));
     p.setPen(QColor(64, 64, 64));
     p.drawRect(form.adjusted(0, 0, -1, -1));
-    const QRect caption(form.left() + Border(), form.top() + Border(), form.width() - 2 * Border(), CaptionHeight() - 1);
-    QLinearGradient gradient(caption.topLeft(), caption.topRight());
-    gradient.setColorAt(0, QColor(10, 36, 106));
-    gradient.setColorAt(1, QColor(166, 202, 240));
-    p.fillRect(caption, gradient);
-    p.setPen(Qt::white);
-    QFont bold = font();
-    bold.setBold(true);
-    p.setFont(bold);
-    p.drawText(caption.adjusted(4, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, Q(QzFormCaption(root)));
-    p.setFont(font());
-    PaintMenuBar(p, QRect(caption.left(), caption.bottom() + 1, caption.width(), QzMenuBarHeight(root)));
     const QRect client(ClientOrigin(), QzClientSize(root));
-    p.fillRect(client, QColor(212, 208, 200));
-    p.setPen(QColor(90, 90, 90));
-    for (int y = client.top(); y < client.bottom(); y += 8)
-        for (int x = client.left(); x < client.right(); x += 8)
-            p.drawPoint(x, y);
+    if (QzIsDataModule(root)) {
+        // A data module is no window: its components on a plain area.
+        p.fillRect(client, Qt::white);
+    } else {
+        const QRect caption(form.left() + Border(), form.top() + Border(), form.width() - 2 * Border(),
+                            CaptionHeight() - 1);
+        QLinearGradient gradient(caption.topLeft(), caption.topRight());
+        gradient.setColorAt(0, QColor(10, 36, 106));
+        gradient.setColorAt(1, QColor(166, 202, 240));
+        p.fillRect(caption, gradient);
+        p.setPen(Qt::white);
+        QFont bold = font();
+        bold.setBold(true);
+        p.setFont(bold);
+        p.drawText(caption.adjusted(4, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, Q(QzFormCaption(root)));
+        p.setFont(font());
+        PaintMenuBar(p, QRect(caption.left(), caption.bottom() + 1, caption.width(), QzMenuBarHeight(root)));
+        p.fillRect(client, QColor(212, 208, 200));
+        p.setPen(QColor(90, 90, 90));
+        for (int y = client.top(); y < client.bottom(); y += 8)
+            for (int x = client.left(); x < client.right(); x += 8)
+                p.drawPoint(x, y);
+    }
     p.setClipRect(client);
     PaintChildren(p, root);
     PaintIcons(p);

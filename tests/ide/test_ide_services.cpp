@@ -167,6 +167,33 @@ TEST_F(TIdeTest, UnregisteredClassesAreDrawnKeptAndNotMoved)
     d->Form().ClearModified();
 }
 
+// A data module is told from a form by the order of its bounds: it writes
+// them last, height first. It is drawn as a plain area of that size.
+TEST_F(TIdeTest, DataModulesAreAPlainAreaOfTheirSize)
+{
+    EXPECT_FALSE(QzIsDataModule(Main()->GetRoot()));
+    QTemporaryDir dir;
+    WriteBytes(dir.filePath("Data.dfm"), "object Data: TData\r\n"
+                                         "  OldCreateOrder = False\r\n"
+                                         "  Left = 200\r\n"
+                                         "  Top = 100\r\n"
+                                         "  Height = 150\r\n"
+                                         "  Width = 215\r\n"
+                                         "  object Hint1: TMyProposal\r\n"
+                                         "    Width = 262\r\n"
+                                         "    Left = 40\r\n"
+                                         "    Top = 16\r\n"
+                                         "  end\r\n"
+                                         "end\r\n");
+    ASSERT_TRUE(FWindow->OpenProject(dir.path()));
+    TIdeDesigner* d = FWindow->CurrentDesigner();
+    ASSERT_NE(d, nullptr);
+    TQzDesignSurface* s = FWindow->SurfaceOf(d);
+    EXPECT_TRUE(QzIsDataModule(d->GetRoot()));
+    EXPECT_EQ(QzClientSize(d->GetRoot()), QSize(215, 150));
+    EXPECT_EQ(s->ClientOrigin() - s->SurfaceRect(d->GetRoot()).topLeft(), QPoint(1, 1));
+}
+
 TEST(QzControlLook, LookChosenByTheMostSpecificNamePart)
 {
     const std::pair<const char*, TQzLook> cases[] = {
