@@ -206,11 +206,23 @@ bool QzIsPageControl(TComponent* component)
     // The registered classes say what they are by their look.
     if (dynamic_cast<TControl*>(component) || !QzIsControl(component))
         return false;
-    const AnsiString active = QzTextValue(component, "ActivePage");
-    for (int i = 0; !active.empty() && i < component->ChildCount(); ++i)
-        if (SameText(component->Child(i)->Name(), active))
-            return true;
-    return false;
+    return QzChildNamed(component, QzTextValue(component, "ActivePage")) != nullptr;
+}
+
+TComponent* QzChildNamed(TComponent* parent, const AnsiString& name)
+{
+    for (int i = 0; !name.empty() && i < parent->ChildCount(); ++i)
+        if (SameText(parent->Child(i)->Name(), name))
+            return parent->Child(i);
+    return nullptr;
+}
+
+AnsiString QzShownCaption(TComponent* component)
+{
+    AnsiString caption = QzTextValue(component, "Caption");
+    if (caption.empty())
+        caption = QzTextValue(component, "Label");
+    return caption.empty() ? component->Name() : caption;
 }
 
 QRect QzControlBounds(TComponent* component)

@@ -38,6 +38,13 @@ std::optional<Integer> QzIntegerValue(TComponent* component, const AnsiString& n
 // first line of a list; empty when it has none.
 AnsiString QzTextValue(TComponent* component, const AnsiString& name);
 
+// The component placed directly on parent under name; nullptr when none
+// (or name is empty).
+TComponent* QzChildNamed(TComponent* parent, const AnsiString& name);
+// What a component shows as its title: its caption, else its label's
+// text, else its name.
+AnsiString QzShownCaption(TComponent* component);
+
 // A control has bounds and sits on a parent; everything else the form owns
 // is non-visual and shown as an icon.
 bool QzIsControl(TComponent* component);

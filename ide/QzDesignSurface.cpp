@@ -123,9 +123,8 @@ QSize TQzDesignSurface::sizeHint() const
 TComponent* TQzDesignSurface::ActiveSheet(TComponent* paged) const
 {
     if (const auto it = FShownPages.find(paged->Name()); it != FShownPages.end())
-        for (int i = 0; i < paged->ChildCount(); ++i)
-            if (SameText(paged->Child(i)->Name(), it->second))
-                return paged->Child(i);
+        if (TComponent* shown = QzChildNamed(paged, it->second))
+            return shown;
     return QzActivePage(paged);
 }
 

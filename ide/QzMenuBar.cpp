@@ -7,20 +7,9 @@
 
 namespace {
 
-// Same height as the model gives a registered form's bar.
-constexpr int ClassicMenuBarHeight = 19;
-
 bool IsHidden(TComponent* item)
 {
     return QzTextValue(item, "Visible") == "False";
-}
-
-AnsiString ItemCaption(TComponent* item)
-{
-    AnsiString caption = QzTextValue(item, "Caption");
-    if (caption.empty())
-        caption = QzTextValue(item, "Label");
-    return caption.empty() ? item->Name() : caption;
 }
 
 }  // namespace
@@ -37,7 +26,7 @@ int QzMenuBarHeight(TComponent* root)
 {
     if (auto* form = dynamic_cast<TCustomForm*>(root))
         return form->MenuBarHeight();
-    return QzFormMenu(root) ? ClassicMenuBarHeight : 0;
+    return QzFormMenu(root) ? QzClassicMenuBarHeight : 0;
 }
 
 std::vector<AnsiString> QzMenuBarCaptions(TComponent* menu)
@@ -49,14 +38,14 @@ std::vector<AnsiString> QzMenuBarCaptions(TComponent* menu)
         TQzMenuItem* items = main->Items();
         for (int i = 0; i < items->Count(); ++i)
             if (items->Items(i)->Visible())
-                captions.push_back(ItemCaption(items->Items(i)));
+                captions.push_back(QzShownCaption(items->Items(i)));
         return captions;
     }
     // A menu of a class we do not know: its items are what the file nests
     // inside it.
     for (int i = 0; i < menu->ChildCount(); ++i)
         if (!IsHidden(menu->Child(i)))
-            captions.push_back(ItemCaption(menu->Child(i)));
+            captions.push_back(QzShownCaption(menu->Child(i)));
     return captions;
 }
 

@@ -6,12 +6,6 @@
 
 #include <QFontMetrics>
 
-namespace {
-
-QString Q(const AnsiString& s) { return QString::fromStdString(s); }
-
-}  // namespace
-
 bool QzIsPagedControl(TComponent* component)
 {
     return dynamic_cast<TQzOutLookBar*>(component) || QzIsPageControl(component);
@@ -21,11 +15,8 @@ TComponent* QzActivePage(TComponent* paged)
 {
     if (paged->ChildCount() == 0)
         return nullptr;
-    const AnsiString active = QzTextValue(paged, "ActivePage");
-    for (int i = 0; !active.empty() && i < paged->ChildCount(); ++i)
-        if (SameText(paged->Child(i)->Name(), active))
-            return paged->Child(i);
-    return paged->Child(0);
+    TComponent* active = QzChildNamed(paged, QzTextValue(paged, "ActivePage"));
+    return active ? active : paged->Child(0);
 }
 
 bool QzCanSetActivePage(TComponent* paged)
@@ -52,18 +43,15 @@ bool QzSetActivePage(TComponent* paged, TComponent* page)
     return false;
 }
 
-QString QzPageTitle(TComponent* paged, TComponent* page)
+AnsiString QzPageTitle(TComponent* paged, TComponent* page)
 {
     if (auto* pages = dynamic_cast<TQzCustomPageControl*>(paged))
         if (const int i = pages->IndexOfSheet(dynamic_cast<TQzTabSheet*>(page)); i >= 0)
             if (TQzMemoryLabel* caption = pages->Page(i)->Caption(); caption->Defined()) {
                 const AnsiString text = caption->Text();
-                return Q(text.empty() ? caption->Info() : text);
+                return text.empty() ? caption->Info() : text;
             }
-    AnsiString title = QzTextValue(page, "Caption");
-    if (title.empty())
-        title = QzTextValue(page, "Label");
-    return Q(title.empty() ? page->Name() : title);
+    return QzShownCaption(page);
 }
 
 std::vector<TQzPageButton> QzPageButtons(TComponent* paged, const QRect& host, TComponent* shown,
@@ -74,14 +62,14 @@ std::vector<TQzPageButton> QzPageButtons(TComponent* paged, const QRect& host, T
         for (int i = 0; i < bar->PageCount(); ++i) {
             const TRect r = bar->ButtonRect(i);
             buttons.push_back({bar->Pages(i), QRect(host.left() + r.Left, host.top() + r.Top, r.Width(), r.Height()),
-                               QzPageTitle(paged, bar->Pages(i))});
+                               QString::fromStdString(QzPageTitle(paged, bar->Pages(i)))});
         }
         return buttons;
     }
     int x = host.left() + 2;
     for (int i = 0; i < paged->ChildCount(); ++i) {
         TComponent* page = paged->Child(i);
-        const QString title = QzPageTitle(paged, page);
+        const QString title = QString::fromStdString(QzPageTitle(paged, page));
         const int w = metrics.horizontalAdvance(title) + 14;
         const int lowered = page == shown ? 0 : 2;
         buttons.push_back({page, QRect(x, host.top() + lowered, w, QzTabRowHeight - lowered), title});

@@ -27,7 +27,7 @@ bool QzSetActivePage(TComponent* paged, TComponent* page);
 
 // What a page's tab or button says: the caption of its page item (a
 // strings package label), its own caption, or its name.
-QString QzPageTitle(TComponent* paged, TComponent* page);
+AnsiString QzPageTitle(TComponent* paged, TComponent* page);
 
 struct TQzPageButton {
     TComponent* Page;

@@ -161,7 +161,7 @@ Integer TCustomForm::FrameHeight() const
 // give their client area 19 pixels less when they have a menu.
 Integer TCustomForm::MenuBarHeight() const
 {
-    return FMenu ? 19 : 0;
+    return FMenu ? QzClassicMenuBarHeight : 0;
 }
 
 // While a form is read, the menu it names is not there yet: the client
@@ -181,18 +181,12 @@ void TCustomForm::Loaded()
     TScrollingWinControl::Loaded();
 }
 
-void TCustomForm::ClientAreaChanged()
-{
-    if (!ComponentState().Contains(csLoading) && !ComponentState().Contains(csDestroying))
-        Realign();
-}
-
 void TCustomForm::SetBorderStyle(TFormBorderStyle value)
 {
     if (value == FBorderStyle)
         return;
     FBorderStyle = value;
-    ClientAreaChanged();
+    Realign();
 }
 
 void TCustomForm::SetBorderWidth(Integer value)
@@ -200,7 +194,7 @@ void TCustomForm::SetBorderWidth(Integer value)
     if (value == FBorderWidth)
         return;
     FBorderWidth = value;
-    ClientAreaChanged();
+    Realign();
 }
 
 void TCustomForm::SetActiveControl(TWinControl* value)
@@ -213,7 +207,7 @@ void TCustomForm::SetMenu(TMainMenu* value)
     if (value == FMenu)
         return;
     QzSetReference(this, FMenu, value);
-    ClientAreaChanged();
+    Realign();
 }
 
 void TCustomForm::DefineProperties(TFiler& filer)
@@ -234,7 +228,7 @@ void TCustomForm::Notification(TComponent* component, TOperation operation)
         QzClearReference(FActiveControl, component);
         if (component == FMenu) {
             QzClearReference(FMenu, component);
-            ClientAreaChanged();
+            Realign();
         }
     }
 }

@@ -43,6 +43,9 @@ const TTypeInfo* TypeInfo_TWindowState();
 const TTypeInfo* TypeInfo_TCloseEvent();
 const TTypeInfo* TypeInfo_TCloseQueryEvent();
 
+// A main menu's bar in the classic metrics the forms were designed with.
+inline constexpr Integer QzClassicMenuBarHeight = 19;
+
 class TCustomForm : public TScrollingWinControl {
     QZ_CLASS(TCustomForm, TScrollingWinControl)
 
@@ -94,7 +97,6 @@ public:
 
 private:
     static void DeclareProperties(TClassBuilder<TCustomForm>& b);
-    void ClientAreaChanged();
     // The size is stored while the form scrolls, the client size otherwise.
     bool IsFormSizeStored() const { return AutoScroll(); }
     bool IsClientSizeStored() const { return !AutoScroll(); }
