@@ -3,6 +3,8 @@
 #include "runtime/model/QzPkgStream.h"
 #include "runtime/model/QzRegistry.h"
 
+#include <limits>
+
 using namespace QzPkgStream;
 
 // ---------------------------------------------------------------------------
@@ -265,17 +267,67 @@ TQzPkgImages* NewImages(TComponent* owner, const char* name)
     return pkg;
 }
 
-void WriteLabelRef(TWriter& w, const TQzMemoryRef& ref)
+// A reference to a label or an image as it travels: package name, Id.
+struct TRefValues {
+    AnsiString PkgName;
+    Integer Id = 0;
+};
+
+TRefValues RefOf(const TQzMemoryRef& ref)
 {
-    WriteText(w, ref.PkgName());
-    w.WriteInteger(ref.Id());
+    return {ref.PkgName(), ref.Id()};
 }
 
-void ReadLabelRef(TReader& r, TQzMemoryRef& ref)
+void TransferRef(TQzPkgTransfer& t, TRefValues& ref)
 {
-    AnsiString pkg = ReadText(r);
-    ref.PkgId(pkg, r.ReadInteger());
+    t.Value(ref.PkgName);
+    t.Value(ref.Id);
 }
+
+// What every set has: Name Description LabelPkg LabelId.
+struct TSetValues {
+    AnsiString Name;
+    AnsiString Description;
+    TRefValues DescriptionId;
+};
+
+TSetValues SetOf(const TQzPkgDisplaySet& set)
+{
+    return {set.Name(), set.Description(), RefOf(*set.DescriptionId())};
+}
+
+void TransferSet(TQzPkgTransfer& t, TSetValues& set)
+{
+    t.Value(set.Name);
+    t.Value(set.Description);
+    TransferRef(t, set.DescriptionId);
+}
+
+// A set of the free-standing list sets, named and described as read.
+template <class Sets>
+auto AddSet(Sets& sets, const TSetValues& values)
+{
+    auto* set = sets.Add(values.Name);
+    set->SetDescription(values.Description);
+    set->DescriptionId()->PkgId(values.DescriptionId.PkgName, values.DescriptionId.Id);
+    return set;
+}
+
+struct TBackGroundEntry {
+    TSetValues Set;
+    TQzBackGroundValues Values;
+    TRefValues Image;
+};
+
+struct TColorEntry {
+    TSetValues Set;
+    TColor Color = 0;
+};
+
+struct TFontEntry {
+    TSetValues Set;
+    TQzFontValues Values;
+};
 
 }  // namespace
 
@@ -384,147 +436,89 @@ bool TQzPkgDisplay::IsEmpty() const
 //   ( Name Description LabelPkg LabelId Color )*
 //   ( Name Description LabelPkg LabelId FontName Size Color Bold Italic Underline StrikeOut )*
 //   the "System" images block, the "User" images block
-void TQzPkgDisplay::xSaveToStream(TWriter* writer)
+void TQzPkgDisplay::Transfer(TQzPkgTransfer& t)
 {
-    TWriter& w = *writer;
-    WriteContentHeader(w, DataVersion, Placement());
-    const TQzDisplayGeometry& g = FGeometry;
-    w.WriteListBegin();
-    for (Integer v : {g.CWButtonsHeight, g.CWButtonsMargin, g.CWButtonsSpacing, g.CWButtonsWidth, g.CWMarginAfterTitle,
-                      g.CWMarginBottom, g.CWMarginLeft, g.CWMarginRight, g.CWMarginTop, g.CWTitleHeight,
-                      g.HiMarginBottom, g.HiMarginLeft, g.HiMarginRight, g.HiMarginTop})
-        w.WriteInteger(v);
-    w.WriteBoolean(g.CWWinRgn);
-    w.WriteBoolean(g.HiWinRgn);
-    w.WriteListEnd();
-    w.WriteListBegin();
-    for (int i = 0; i < FUserColors.Count(); ++i)
-        WriteText(w, FUserColors[i]);
-    w.WriteListEnd();
-    WriteText(w, FLastUpdateFile);
-    w.WriteDouble(FUpdateDateTime);
-
-    w.WriteListBegin();
-    for (int i = 0; i < FSetsBackGround.Count(); ++i) {
-        const TQzPkgDisplaySetBackGround* s = FSetsBackGround.GetSetBackGround(i);
-        WriteText(w, s->Name());
-        WriteText(w, s->Description());
-        WriteLabelRef(w, *s->DescriptionId());
-        w.WriteInteger(s->Style());
-        w.WriteInteger(s->SolidColor());
-        w.WriteInteger(s->StartGraColor());
-        w.WriteInteger(s->EndGraColor());
-        w.WriteBoolean(s->Transparent());
-        WriteLabelRef(w, *s->Image());
-    }
-    w.WriteListEnd();
-    w.WriteListBegin();
-    for (int i = 0; i < FSetsColor.Count(); ++i) {
-        const TQzPkgDisplaySetColor* s = FSetsColor.GetSetColor(i);
-        WriteText(w, s->Name());
-        WriteText(w, s->Description());
-        WriteLabelRef(w, *s->DescriptionId());
-        w.WriteInteger(s->Color());
-    }
-    w.WriteListEnd();
-    w.WriteListBegin();
-    for (int i = 0; i < FSetsFont.Count(); ++i) {
-        const TQzPkgDisplaySetFont* s = FSetsFont.GetSetFont(i);
-        const TQzFontValues& f = s->Values();
-        WriteText(w, s->Name());
-        WriteText(w, s->Description());
-        WriteLabelRef(w, *s->DescriptionId());
-        WriteText(w, f.Name);
-        w.WriteInteger(f.Size);
-        w.WriteInteger(f.Color);
-        w.WriteBoolean(f.Bold);
-        w.WriteBoolean(f.Italic);
-        w.WriteBoolean(f.Underline);
-        w.WriteBoolean(f.StrikeOut);
-    }
-    w.WriteListEnd();
-    FPkgSystem->xSaveToStream(&w);
-    FPkgUser->xSaveToStream(&w);
-}
-
-void TQzPkgDisplay::xLoadFromStream(TReader* reader)
-{
-    TReader& r = *reader;
-    Integer version = 0;
-    const TQzWindowPlacement placement = ReadContentHeader(r, DataVersion, version);
-    TQzDisplayGeometry g;
-    r.ReadListBegin();
-    for (Integer* v : {&g.CWButtonsHeight, &g.CWButtonsMargin, &g.CWButtonsSpacing, &g.CWButtonsWidth,
-                       &g.CWMarginAfterTitle, &g.CWMarginBottom, &g.CWMarginLeft, &g.CWMarginRight, &g.CWMarginTop,
-                       &g.CWTitleHeight, &g.HiMarginBottom, &g.HiMarginLeft, &g.HiMarginRight, &g.HiMarginTop}) {
-        const size_t at = r.Position();
-        *v = r.ReadInteger();
-        if (*v < 0)
-            r.Error("Invalid display measure " + IntToStr(*v), at);
-    }
-    g.CWWinRgn = r.ReadBoolean();
-    g.HiWinRgn = r.ReadBoolean();
-    r.ReadListEnd();
+    const TQzWindowPlacement placement = TransferContentHeader(t, DataVersion);
+    TQzDisplayGeometry g = FGeometry;
+    t.List([&] {
+        for (Integer* v : {&g.CWButtonsHeight, &g.CWButtonsMargin, &g.CWButtonsSpacing, &g.CWButtonsWidth,
+                           &g.CWMarginAfterTitle, &g.CWMarginBottom, &g.CWMarginLeft, &g.CWMarginRight, &g.CWMarginTop,
+                           &g.CWTitleHeight, &g.HiMarginBottom, &g.HiMarginLeft, &g.HiMarginRight, &g.HiMarginTop})
+            t.Value(*v, 0, std::numeric_limits<Integer>::max(), "display measure");
+        t.Value(g.CWWinRgn);
+        t.Value(g.HiWinRgn);
+    });
     TStringList colors;
-    r.ReadListBegin();
-    while (!r.EndOfList())
-        colors.Add(ReadText(r));
-    r.ReadListEnd();
-    AnsiString lastUpdateFile = ReadText(r);
-    const TDateTime updateDateTime = r.ReadDouble();
+    t.Items(
+        FUserColors.Count(), [&](int i) { return FUserColors[i]; }, [&](AnsiString& line) { t.Value(line); },
+        [&](const AnsiString& line) { colors.Add(line); });
+    AnsiString lastUpdateFile = FLastUpdateFile;
+    TDateTime updateDateTime = FUpdateDateTime;
+    t.Value(lastUpdateFile);
+    t.Value(updateDateTime);
 
     TQzPkgDisplaySetsBackGround backGrounds(nullptr);
+    t.Items(
+        FSetsBackGround.Count(),
+        [&](int i) {
+            const TQzPkgDisplaySetBackGround& s = *FSetsBackGround.GetSetBackGround(i);
+            return TBackGroundEntry{SetOf(s), s.Values(), RefOf(*s.Image())};
+        },
+        [&](TBackGroundEntry& e) {
+            TransferSet(t, e.Set);
+            t.Enum(e.Values.Style, bgImageTile);
+            t.Value(e.Values.SolidColor);
+            t.Value(e.Values.StartGraColor);
+            t.Value(e.Values.EndGraColor);
+            t.Value(e.Values.Transparent);
+            TransferRef(t, e.Image);
+        },
+        [&](const TBackGroundEntry& e) {
+            TQzPkgDisplaySetBackGround* s = AddSet(backGrounds, e.Set);
+            s->SetStyle(e.Values.Style);
+            s->SetSolidColor(e.Values.SolidColor);
+            s->SetStartGraColor(e.Values.StartGraColor);
+            s->SetEndGraColor(e.Values.EndGraColor);
+            s->SetTransparent(e.Values.Transparent);
+            s->Image()->PkgId(e.Image.PkgName, e.Image.Id);
+        });
     TQzPkgDisplaySetsColor colorSets(nullptr);
+    t.Items(
+        FSetsColor.Count(),
+        [&](int i) {
+            const TQzPkgDisplaySetColor& s = *FSetsColor.GetSetColor(i);
+            return TColorEntry{SetOf(s), s.Color()};
+        },
+        [&](TColorEntry& e) {
+            TransferSet(t, e.Set);
+            t.Value(e.Color);
+        },
+        [&](const TColorEntry& e) { AddSet(colorSets, e.Set)->SetColor(e.Color); });
     TQzPkgDisplaySetsFont fonts(nullptr);
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        Checked(r, [&] {
-            TQzPkgDisplaySetBackGround* s = backGrounds.Add(ReadText(r));
-            s->SetDescription(ReadText(r));
-            ReadLabelRef(r, *s->DescriptionId());
-            s->SetStyle(ReadEnum(r, bgImageTile));
-            s->SetSolidColor(r.ReadInteger());
-            s->SetStartGraColor(r.ReadInteger());
-            s->SetEndGraColor(r.ReadInteger());
-            s->SetTransparent(r.ReadBoolean());
-            ReadLabelRef(r, *s->Image());
-        });
-    }
-    r.ReadListEnd();
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        Checked(r, [&] {
-            TQzPkgDisplaySetColor* s = colorSets.Add(ReadText(r));
-            s->SetDescription(ReadText(r));
-            ReadLabelRef(r, *s->DescriptionId());
-            s->SetColor(r.ReadInteger());
-        });
-    }
-    r.ReadListEnd();
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        Checked(r, [&] {
-            TQzPkgDisplaySetFont* s = fonts.Add(ReadText(r));
-            s->SetDescription(ReadText(r));
-            ReadLabelRef(r, *s->DescriptionId());
-            TQzFontValues f;
-            f.Name = ReadText(r);
-            f.Size = r.ReadInteger();
-            f.Color = r.ReadInteger();
-            f.Bold = r.ReadBoolean();
-            f.Italic = r.ReadBoolean();
-            f.Underline = r.ReadBoolean();
-            f.StrikeOut = r.ReadBoolean();
-            s->SetValues(f);
-        });
-    }
-    r.ReadListEnd();
+    t.Items(
+        FSetsFont.Count(),
+        [&](int i) {
+            const TQzPkgDisplaySetFont& s = *FSetsFont.GetSetFont(i);
+            return TFontEntry{SetOf(s), s.Values()};
+        },
+        [&](TFontEntry& e) {
+            TransferSet(t, e.Set);
+            t.Value(e.Values.Name);
+            t.Value(e.Values.Size);
+            t.Value(e.Values.Color);
+            t.Value(e.Values.Bold);
+            t.Value(e.Values.Italic);
+            t.Value(e.Values.Underline);
+            t.Value(e.Values.StrikeOut);
+        },
+        [&](const TFontEntry& e) { AddSet(fonts, e.Set)->SetValues(e.Values); });
     TQzDetachedPkgs detached;
     TQzPkgImages systemImages(nullptr);
     TQzPkgImages userImages(nullptr);
-    systemImages.xLoadFromStream(&r);
-    userImages.xLoadFromStream(&r);
-
+    (t.Loading() ? systemImages : *FPkgSystem).Transfer(t);
+    (t.Loading() ? userImages : *FPkgUser).Transfer(t);
+    if (!t.Loading())
+        return;
     FGeometry = g;
     FUserColors.Assign(colors);
     FLastUpdateFile = lastUpdateFile;
@@ -534,6 +528,5 @@ void TQzPkgDisplay::xLoadFromStream(TReader* reader)
     FSetsFont.TakeItems(fonts);
     FPkgSystem->TakeContents(systemImages);
     FPkgUser->TakeContents(userImages);
-    SetPlacement(placement);
-    Change();
+    CommitContents(placement);
 }

@@ -240,8 +240,7 @@ public:
     AnsiString DefaultExt() const override { return "dis"; }
     AnsiString KindName() const override { return "Display"; }
 
-    void xSaveToStream(TWriter* writer) override;
-    void xLoadFromStream(TReader* reader) override;
+    void Transfer(TQzPkgTransfer& t) override;
 
 private:
     void SetGeometry(Integer TQzDisplayGeometry::*field, Integer value);

@@ -5,6 +5,7 @@
 #include "rtl/Streams.h"
 
 #include <algorithm>
+#include <limits>
 
 using namespace QzPkgStream;
 
@@ -39,30 +40,22 @@ void TQzPkgExtensions::Set(const AnsiString& name, const std::string& value)
 }
 
 // ( Name Bytes )*
-void TQzPkgExtensions::Write(TWriter& w) const
-{
-    w.WriteListBegin();
-    for (const auto& [name, value] : FBlocks) {
-        WriteText(w, name);
-        w.WriteBinary(value);
-    }
-    w.WriteListEnd();
-}
-
-void TQzPkgExtensions::Read(TReader& r)
+void TQzPkgExtensions::Transfer(TQzPkgTransfer& t)
 {
     TQzPkgExtensions read;
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        const size_t at = r.Position();
-        AnsiString name = ReadText(r);
-        std::string value = r.ReadBinary();
-        if (name.empty() || read.Has(name))
-            r.Error("Invalid or repeated extension name \"" + name + "\"", at);
-        read.FBlocks.emplace_back(std::move(name), std::move(value));
-    }
-    r.ReadListEnd();
-    *this = std::move(read);
+    t.Items(
+        static_cast<int>(FBlocks.size()), [&](int i) { return FBlocks[static_cast<size_t>(i)]; },
+        [&](std::pair<AnsiString, std::string>& block) {
+            t.Value(block.first);
+            t.Binary(block.second);
+        },
+        [&](std::pair<AnsiString, std::string>& block) {
+            if (block.first.empty() || read.Has(block.first))
+                throw EQzPkgError("Invalid or repeated extension name \"" + block.first + "\"");
+            read.FBlocks.push_back(std::move(block));
+        });
+    if (t.Loading())
+        *this = std::move(read);
 }
 
 // ---------------------------------------------------------------------------
@@ -131,28 +124,19 @@ void TQzPkgImagesImage::Assign(TPersistent* source)
     Changed();
 }
 
-// Protected GraphicClass Width Height Picture Extensions
-void TQzPkgImagesImage::WriteData(TWriter& w) const
+// Protected GraphicClass Width Height Picture Extensions; read only into
+// an image of a free-standing list.
+void TQzPkgImagesImage::TransferData(TQzPkgTransfer& t)
 {
-    w.WriteBoolean(Protected());
-    WriteText(w, FGraphicClass);
-    w.WriteInteger(FWidth);
-    w.WriteInteger(FHeight);
-    w.WriteBinary(FPictureData);
-    FExtensions.Write(w);
-}
-
-void TQzPkgImagesImage::ReadData(TReader& r)
-{
-    SetProtected(r.ReadBoolean());
-    FGraphicClass = ReadText(r);
-    const size_t at = r.Position();
-    FWidth = r.ReadInteger();
-    FHeight = r.ReadInteger();
-    if (FWidth < 0 || FHeight < 0)
-        r.Error("Invalid picture size", at);
-    FPictureData = r.ReadBinary();
-    FExtensions.Read(r);
+    bool isProtected = Protected();
+    t.Value(isProtected);
+    if (t.Loading())
+        SetProtected(isProtected);
+    t.Value(FGraphicClass);
+    t.Value(FWidth, 0, std::numeric_limits<Integer>::max(), "picture width");
+    t.Value(FHeight, 0, std::numeric_limits<Integer>::max(), "picture height");
+    t.Binary(FPictureData);
+    FExtensions.Transfer(t);
 }
 
 // ---------------------------------------------------------------------------
@@ -212,38 +196,39 @@ void TQzPkgImages::TakeContents(TQzPkgImages& source)
     Change();
 }
 
+namespace {
+
+// An image as it travels: its Id, then its data read into the image made
+// for that Id.
+struct TImageEntry {
+    Integer Id = 0;
+    TQzPkgImagesImage* Image = nullptr;
+};
+
+}  // namespace
+
 // Layout (version 1), after the common header:
 //   Extensions                        package-wide blocks
 //   ( Id Protected GraphicClass Width Height Picture Extensions )*
-void TQzPkgImages::xSaveToStream(TWriter* writer)
+void TQzPkgImages::Transfer(TQzPkgTransfer& t)
 {
-    TWriter& w = *writer;
-    WriteContentHeader(w, DataVersion, Placement());
-    FExtensions.Write(w);
-    w.WriteListBegin();
-    for (int i = 0; i < FImages.Count(); ++i) {
-        const TQzPkgImagesImage* image = FImages.GetItems(i);
-        w.WriteInteger(image->Id());
-        image->WriteData(w);
-    }
-    w.WriteListEnd();
-}
-
-void TQzPkgImages::xLoadFromStream(TReader* reader)
-{
-    TReader& r = *reader;
-    Integer version = 0;
-    const TQzWindowPlacement placement = ReadContentHeader(r, DataVersion, version);
-    TQzPkgExtensions extensions;
-    extensions.Read(r);
+    const TQzWindowPlacement placement = TransferContentHeader(t, DataVersion);
+    TQzPkgExtensions extensions = t.Loading() ? TQzPkgExtensions() : FExtensions;
+    extensions.Transfer(t);
     TQzPkgImagesImages images(nullptr);
-    r.ReadListBegin();
-    while (!r.EndOfList())
-        Checked(r, [&] { images.Add(r.ReadInteger())->ReadData(r); });
-    r.ReadListEnd();
-
+    t.Items(
+        FImages.Count(), [&](int i) { return TImageEntry{FImages.GetItems(i)->Id(), FImages.GetItems(i)}; },
+        [&](TImageEntry& e) {
+            t.Value(e.Id);
+            if (t.Loading())
+                e.Image = images.Add(e.Id);
+            e.Image->TransferData(t);
+        },
+        [](const TImageEntry&) {});
+    if (!t.Loading())
+        return;
     FImages.TakeItems(images);
     FExtensions = std::move(extensions);
-    SetPlacement(placement);
-    Change();
+    CommitContents(placement);
 }
+

@@ -28,8 +28,8 @@ public:
     const std::vector<std::pair<AnsiString, std::string>>& Blocks() const { return FBlocks; }
     bool operator==(const TQzPkgExtensions&) const = default;
 
-    void Write(TWriter& w) const;
-    void Read(TReader& r);
+    // Saved as it is, or replaced whole by the blocks read.
+    void Transfer(TQzPkgTransfer& t);
 
 private:
     std::vector<std::pair<AnsiString, std::string>> FBlocks;
@@ -62,9 +62,8 @@ public:
     // cannot share it).
     void Assign(TPersistent* source) override;
 
-    void WriteData(TWriter& w) const;
-    // Reads the fields that follow the Id (see docs/runtime-model.md).
-    void ReadData(TReader& r);
+    // The fields that follow the Id (see docs/runtime-model.md).
+    void TransferData(TQzPkgTransfer& t);
 
 protected:
     std::string FPictureData;
@@ -113,8 +112,7 @@ public:
     AnsiString DefaultExt() const override { return "pim"; }
     AnsiString KindName() const override { return "PkgImages"; }
 
-    void xSaveToStream(TWriter* writer) override;
-    void xLoadFromStream(TReader* reader) override;
+    void Transfer(TQzPkgTransfer& t) override;
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgImages>& b);

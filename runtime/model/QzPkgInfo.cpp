@@ -1,5 +1,7 @@
 #include "runtime/model/QzPkgInfo.h"
 
+#include "runtime/model/QzPkgStream.h"
+
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzRegistry.h"
 
@@ -318,39 +320,47 @@ void TQzPkgInfo::SaveToFile(const AnsiString& fileName)
 // ---------------------------------------------------------------------------
 // Contents
 
-void TQzPkgInfo::WriteContentHeader(TWriter& writer, Integer version, const TQzWindowPlacement& placement)
+void TQzPkgInfo::xSaveToStream(TWriter* writer)
 {
-    writer.WriteInteger(version);
-    writer.WriteListBegin();
-    writer.WriteInteger(placement.Left);
-    writer.WriteInteger(placement.Top);
-    writer.WriteInteger(placement.Width);
-    writer.WriteInteger(placement.Height);
-    writer.WriteInteger(placement.State);
-    writer.WriteListEnd();
+    TQzPkgTransfer t(*writer);
+    Transfer(t);
 }
 
-TQzWindowPlacement TQzPkgInfo::ReadContentHeader(TReader& reader, Integer maxVersion, Integer& version)
+void TQzPkgInfo::xLoadFromStream(TReader* reader)
 {
-    version = reader.ReadInteger();
-    if (version < 1 || version > maxVersion)
-        reader.Error("Unsupported package data version " + IntToStr(version) + " (this program reads up to " +
-                     IntToStr(maxVersion) + ")");
-    TQzWindowPlacement placement;
-    reader.ReadListBegin();
-    placement.Left = reader.ReadInteger();
-    placement.Top = reader.ReadInteger();
-    placement.Width = reader.ReadInteger();
-    placement.Height = reader.ReadInteger();
-    const Integer state = reader.ReadInteger();
-    if (state < 0 || state > 2)
-        reader.Error("Invalid window state " + IntToStr(state));
+    TQzPkgTransfer t(*reader);
+    Transfer(t);
+}
+
+TQzWindowPlacement TQzPkgInfo::TransferContentHeader(TQzPkgTransfer& t, Integer version) const
+{
+    Integer stored = version;
+    const size_t at = t.Loading() ? t.Reader().Position() : 0;
+    t.Value(stored);
+    if (stored < 1 || stored > version)
+        t.Reader().Error("Unsupported package data version " + IntToStr(stored) + " (this program reads up to " +
+                             IntToStr(version) + ")",
+                         at);
+    TQzWindowPlacement placement = FPlacement;
+    Integer state = placement.State;
+    t.List([&] {
+        t.Value(placement.Left);
+        t.Value(placement.Top);
+        t.Value(placement.Width);
+        t.Value(placement.Height);
+        t.Value(state, 0, 2, "window state");
+        // Later versions may add fields to the placement.
+        while (t.Loading() && !t.Reader().EndOfList())
+            t.Reader().SkipValue();
+    });
     placement.State = state;
-    // Later versions may add fields to the placement.
-    while (!reader.EndOfList())
-        reader.SkipValue();
-    reader.ReadListEnd();
     return placement;
+}
+
+void TQzPkgInfo::CommitContents(const TQzWindowPlacement& placement)
+{
+    SetPlacement(placement);
+    Change();
 }
 
 void TQzPkgInfo::ReadData(TStream& stream)

@@ -21,6 +21,7 @@
 
 class TQzPkgInfo;
 class TQzCApplication;
+class TQzPkgTransfer;
 
 // What a package tells its links (NotifyEvt's event argument).
 enum TQzPkgEvent {
@@ -149,8 +150,11 @@ public:
     // The whole contents through a filer writer or reader (the layout of
     // docs/runtime-model.md). Loading replaces everything or, on error,
     // raises and changes nothing.
-    virtual void xSaveToStream(TWriter* writer) = 0;
-    virtual void xLoadFromStream(TReader* reader) = 0;
+    void xSaveToStream(TWriter* writer);
+    void xLoadFromStream(TReader* reader);
+    // The kind's layout, run by saving and loading alike: loading reads into
+    // temporaries and commits them with CommitContents once all are read.
+    virtual void Transfer(TQzPkgTransfer& t) = 0;
     virtual void Clear() = 0;
     virtual bool IsEmpty() const = 0;
     // The contents as the form's binary property "Data".
@@ -180,9 +184,12 @@ protected:
     // from its destructor, so the registry never holds a half-made package.
     void JoinRegistry(TQzPkgKind kind);
     void LeaveRegistry();
-    // The first thing each kind's block holds, and the check of it.
-    static void WriteContentHeader(TWriter& writer, Integer version, const TQzWindowPlacement& placement);
-    static TQzWindowPlacement ReadContentHeader(TReader& reader, Integer maxVersion, Integer& version);
+    // The first thing each kind's block holds, and the check of it: the
+    // version of the kind's layout and the editor placement. Returns the
+    // placement saved, or read.
+    TQzWindowPlacement TransferContentHeader(TQzPkgTransfer& t, Integer version) const;
+    // The end of a load: the placement read, and one change for it all.
+    void CommitContents(const TQzWindowPlacement& placement);
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgInfo>& b);

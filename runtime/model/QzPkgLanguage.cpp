@@ -57,190 +57,22 @@ void TQzPkgLanguageLocale::DeclareProperties(TClassBuilder<TQzPkgLanguageLocale>
     b.Property("TimeSeparator", &L::TimeSeparator, &L::SetTimeSeparator).Default(':');
 }
 
-template <class V>
-void TQzPkgLanguageLocale::Set(V& field, const V& value)
+TQzPkgLanguageLocale::TQzPkgLanguageLocale(TQzPkgLanguage* owner) : TQzPkgSettings(owner) {}
+
+void TQzPkgLanguageLocale::CheckValues(const TQzLocaleValues& v) const
 {
-    if (field == value)
-        return;
-    field = value;
-    if (FOwner)
-        FOwner->Change();
-}
-
-void TQzPkgLanguageLocale::RestoreDefaults()
-{
-    const TQzPkgLanguageLocale defaults;
-    if (*this == defaults)
-        return;
-    CopyValues(defaults);
-    if (FOwner)
-        FOwner->Change();
-}
-
-void TQzPkgLanguageLocale::SetAutoLoad(bool value) { Set(FAutoLoad, value); }
-
-void TQzPkgLanguageLocale::SetDateCentury(Integer value)
-{
-    CheckRange("century", value, 100, 9900);
-    if (value % 100 != 0)
-        throw EQzPkgError("Invalid century " + IntToStr(value) + ": a multiple of 100 is needed");
-    Set(FDateCentury, value);
-}
-
-void TQzPkgLanguageLocale::SetDateFormat(TQzDateFormat value)
-{
-    CheckRange("date format", value, dfDMY, dfYMD);
-    Set(FDateFormat, value);
-}
-
-void TQzPkgLanguageLocale::SetDateSeparator(char value)
-{
-    CheckSeparator("date separator", value);
-    Set(FDateSeparator, value);
-}
-
-void TQzPkgLanguageLocale::SetDateYear(TQzDateYear value)
-{
-    CheckRange("date year mode", value, dyCentury, dyWindow);
-    Set(FDateYear, value);
-}
-
-void TQzPkgLanguageLocale::SetDateYearFix(Integer value)
-{
-    CheckRange("pivot year", value, 0, 99);
-    Set(FDateYearFix, value);
-}
-
-void TQzPkgLanguageLocale::SetDecimals(Integer value)
-{
-    CheckRange("number of decimals", value, 0, 15);
-    Set(FDecimals, value);
-}
-
-void TQzPkgLanguageLocale::SetNumericCurrencyFormat(TQzCurrencyFormat value)
-{
-    CheckRange("currency format", value, cfBefore, cfAfterSpace);
-    Set(FNumericCurrencyFormat, value);
-}
-
-void TQzPkgLanguageLocale::SetNumericCurrencyString(const AnsiString& value) { Set(FNumericCurrencyString, value); }
-
-void TQzPkgLanguageLocale::SetNumericDecimalSeparator(char value)
-{
-    CheckSeparator("decimal separator", value);
-    Set(FNumericDecimalSeparator, value);
-}
-
-void TQzPkgLanguageLocale::SetNumericTrousandSeparator(char value)
-{
-    CheckSeparator("thousands separator", value);
-    Set(FNumericTrousandSeparator, value);
-}
-
-void TQzPkgLanguageLocale::SetTimeAMString(const AnsiString& value) { Set(FTimeAMString, value); }
-void TQzPkgLanguageLocale::SetTimePMString(const AnsiString& value) { Set(FTimePMString, value); }
-
-void TQzPkgLanguageLocale::SetTimeSeparator(char value)
-{
-    CheckSeparator("time separator", value);
-    Set(FTimeSeparator, value);
-}
-
-void TQzPkgLanguageLocale::CopyValues(const TQzPkgLanguageLocale& s)
-{
-    FAutoLoad = s.FAutoLoad;
-    FDateCentury = s.FDateCentury;
-    FDateFormat = s.FDateFormat;
-    FDateSeparator = s.FDateSeparator;
-    FDateYear = s.FDateYear;
-    FDateYearFix = s.FDateYearFix;
-    FDecimals = s.FDecimals;
-    FNumericCurrencyFormat = s.FNumericCurrencyFormat;
-    FNumericCurrencyString = s.FNumericCurrencyString;
-    FNumericDecimalSeparator = s.FNumericDecimalSeparator;
-    FNumericTrousandSeparator = s.FNumericTrousandSeparator;
-    FTimeAMString = s.FTimeAMString;
-    FTimePMString = s.FTimePMString;
-    FTimeSeparator = s.FTimeSeparator;
-}
-
-bool TQzPkgLanguageLocale::operator==(const TQzPkgLanguageLocale& s) const
-{
-    return FAutoLoad == s.FAutoLoad && FDateCentury == s.FDateCentury && FDateFormat == s.FDateFormat &&
-           FDateSeparator == s.FDateSeparator && FDateYear == s.FDateYear && FDateYearFix == s.FDateYearFix &&
-           FDecimals == s.FDecimals && FNumericCurrencyFormat == s.FNumericCurrencyFormat &&
-           FNumericCurrencyString == s.FNumericCurrencyString &&
-           FNumericDecimalSeparator == s.FNumericDecimalSeparator &&
-           FNumericTrousandSeparator == s.FNumericTrousandSeparator && FTimeAMString == s.FTimeAMString &&
-           FTimePMString == s.FTimePMString && FTimeSeparator == s.FTimeSeparator;
-}
-
-void TQzPkgLanguageLocale::Assign(TPersistent* source)
-{
-    auto* other = dynamic_cast<TQzPkgLanguageLocale*>(source);
-    if (!other) {
-        TPersistent::Assign(source);
-        return;
-    }
-    if (*this == *other)
-        return;
-    CopyValues(*other);
-    if (FOwner)
-        FOwner->Change();
-}
-
-// ( AutoLoad Century DateFormat DateSep DateYear YearFix Decimals
-//   CurrencyFormat CurrencyString DecimalSep ThousandSep AM PM TimeSep )
-void TQzPkgLanguageLocale::Write(TWriter& w) const
-{
-    w.WriteListBegin();
-    w.WriteBoolean(FAutoLoad);
-    w.WriteInteger(FDateCentury);
-    w.WriteInteger(FDateFormat);
-    w.WriteInteger(static_cast<unsigned char>(FDateSeparator));
-    w.WriteInteger(FDateYear);
-    w.WriteInteger(FDateYearFix);
-    w.WriteInteger(FDecimals);
-    w.WriteInteger(FNumericCurrencyFormat);
-    WriteText(w, FNumericCurrencyString);
-    w.WriteInteger(static_cast<unsigned char>(FNumericDecimalSeparator));
-    w.WriteInteger(static_cast<unsigned char>(FNumericTrousandSeparator));
-    WriteText(w, FTimeAMString);
-    WriteText(w, FTimePMString);
-    w.WriteInteger(static_cast<unsigned char>(FTimeSeparator));
-    w.WriteListEnd();
-}
-
-// Into a scratch locale through the setters, so their checks apply, then
-// copied whole.
-void TQzPkgLanguageLocale::Read(TReader& r)
-{
-    TQzPkgLanguageLocale read;
-    auto readChar = [&r] {
-        const Integer c = r.ReadInteger();
-        if (c < 0 || c > 255)
-            throw EQzPkgError("Invalid separator " + IntToStr(c));
-        return static_cast<char>(c);
-    };
-    r.ReadListBegin();
-    Checked(r, [&] {
-        read.SetAutoLoad(r.ReadBoolean());
-        read.SetDateCentury(r.ReadInteger());
-        read.SetDateFormat(static_cast<TQzDateFormat>(r.ReadInteger()));
-        read.SetDateSeparator(readChar());
-        read.SetDateYear(static_cast<TQzDateYear>(r.ReadInteger()));
-        read.SetDateYearFix(r.ReadInteger());
-        read.SetDecimals(r.ReadInteger());
-        read.SetNumericCurrencyFormat(static_cast<TQzCurrencyFormat>(r.ReadInteger()));
-        read.SetNumericCurrencyString(ReadText(r));
-        read.SetNumericDecimalSeparator(readChar());
-        read.SetNumericTrousandSeparator(readChar());
-        read.SetTimeAMString(ReadText(r));
-        read.SetTimePMString(ReadText(r));
-        read.SetTimeSeparator(readChar());
-    });
-    r.ReadListEnd();
-    CopyValues(read);
+    CheckRange("century", v.DateCentury, 100, 9900);
+    if (v.DateCentury % 100 != 0)
+        throw EQzPkgError("Invalid century " + IntToStr(v.DateCentury) + ": a multiple of 100 is needed");
+    CheckRange("date format", v.DateFormat, dfDMY, dfYMD);
+    CheckSeparator("date separator", v.DateSeparator);
+    CheckRange("date year mode", v.DateYear, dyCentury, dyWindow);
+    CheckRange("pivot year", v.DateYearFix, 0, 99);
+    CheckRange("number of decimals", v.Decimals, 0, 15);
+    CheckRange("currency format", v.NumericCurrencyFormat, cfBefore, cfAfterSpace);
+    CheckSeparator("decimal separator", v.NumericDecimalSeparator);
+    CheckSeparator("thousands separator", v.NumericTrousandSeparator);
+    CheckSeparator("time separator", v.TimeSeparator);
 }
 
 // ---------------------------------------------------------------------------
@@ -285,39 +117,46 @@ bool TQzPkgLanguage::IsEmpty() const
 }
 
 // Layout (version 1), after the common header:
-//   Locale LastUpdateFile UpdateDateTime
+//   ( AutoLoad Century DateFormat DateSep DateYear YearFix Decimals
+//     CurrencyFormat CurrencyString DecimalSep ThousandSep AM PM TimeSep )
+//   LastUpdateFile UpdateDateTime
 //   the "System" strings block, the "User" strings block
-void TQzPkgLanguage::xSaveToStream(TWriter* writer)
+void TQzPkgLanguage::Transfer(TQzPkgTransfer& t)
 {
-    TWriter& w = *writer;
-    WriteContentHeader(w, DataVersion, Placement());
-    FLocale.Write(w);
-    WriteText(w, FLastUpdateFile);
-    w.WriteDouble(FUpdateDateTime);
-    FPkgSystem->xSaveToStream(&w);
-    FPkgUser->xSaveToStream(&w);
-}
-
-void TQzPkgLanguage::xLoadFromStream(TReader* reader)
-{
-    TReader& r = *reader;
-    Integer version = 0;
-    const TQzWindowPlacement placement = ReadContentHeader(r, DataVersion, version);
-    TQzPkgLanguageLocale locale;
-    locale.Read(r);
-    AnsiString lastUpdateFile = ReadText(r);
-    const TDateTime updateDateTime = r.ReadDouble();
+    const TQzWindowPlacement placement = TransferContentHeader(t, DataVersion);
+    TQzLocaleValues l = FLocale.Values();
+    t.List([&] {
+        t.Value(l.AutoLoad);
+        t.Value(l.DateCentury);
+        t.Enum(l.DateFormat, dfYMD);
+        t.Char(l.DateSeparator);
+        t.Enum(l.DateYear, dyWindow);
+        t.Value(l.DateYearFix);
+        t.Value(l.Decimals);
+        t.Enum(l.NumericCurrencyFormat, cfAfterSpace);
+        t.Value(l.NumericCurrencyString);
+        t.Char(l.NumericDecimalSeparator);
+        t.Char(l.NumericTrousandSeparator);
+        t.Value(l.TimeAMString);
+        t.Value(l.TimePMString);
+        t.Char(l.TimeSeparator);
+        t.Checked([&] { FLocale.CheckValues(l); });
+    });
+    AnsiString lastUpdateFile = FLastUpdateFile;
+    TDateTime updateDateTime = FUpdateDateTime;
+    t.Value(lastUpdateFile);
+    t.Value(updateDateTime);
     TQzDetachedPkgs detached;
     TQzPkgStrings systemStrings(nullptr);
     TQzPkgStrings userStrings(nullptr);
-    systemStrings.xLoadFromStream(&r);
-    userStrings.xLoadFromStream(&r);
-
-    FLocale.CopyValues(locale);
+    (t.Loading() ? systemStrings : *FPkgSystem).Transfer(t);
+    (t.Loading() ? userStrings : *FPkgUser).Transfer(t);
+    if (!t.Loading())
+        return;
+    FLocale.SetValues(l);
     FLastUpdateFile = lastUpdateFile;
     FUpdateDateTime = updateDateTime;
     FPkgSystem->TakeContents(systemStrings);
     FPkgUser->TakeContents(userStrings);
-    SetPlacement(placement);
-    Change();
+    CommitContents(placement);
 }

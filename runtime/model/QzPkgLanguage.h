@@ -3,80 +3,74 @@
 // two strings packages "System" and "User", and the locale the runtime
 // formats dates and numbers with.
 
-#include "runtime/model/QzPkgInfo.h"
+#include "runtime/model/QzPkgSettings.h"
 #include "runtime/model/QzPkgStrings.h"
 
 class TQzPkgLanguage;
 
 // Date, time and number conventions. Every setter marks the language
 // package changed.
-class TQzPkgLanguageLocale : public TPersistent {
+struct TQzLocaleValues {
+    bool AutoLoad = false;
+    Integer DateCentury = 2000;   // a multiple of 100, 100 to 9900
+    TQzDateFormat DateFormat = dfDMY;
+    char DateSeparator = '/';
+    TQzDateYear DateYear = dyWindow;
+    Integer DateYearFix = 50;     // the window's pivot, 0 to 99
+    Integer Decimals = 2;         // 0 to 15
+    TQzCurrencyFormat NumericCurrencyFormat = cfBefore;
+    AnsiString NumericCurrencyString = "$";
+    char NumericDecimalSeparator = '.';
+    char NumericTrousandSeparator = ',';   // spelled as the suite has always spelled it
+    AnsiString TimeAMString = "AM";
+    AnsiString TimePMString = "PM";
+    char TimeSeparator = ':';
+    bool operator==(const TQzLocaleValues&) const = default;
+};
+
+class TQzPkgLanguageLocale : public TQzPkgSettings<TQzLocaleValues> {
     QZ_CLASS(TQzPkgLanguageLocale, TPersistent)
 
 public:
-    explicit TQzPkgLanguageLocale(TQzPkgLanguage* owner = nullptr) : FOwner(owner) {}
+    explicit TQzPkgLanguageLocale(TQzPkgLanguage* owner = nullptr);
 
     // Back to the defaults of a new application (day/month/year, '/', ':',
     // '.' decimals, ',' thousands, "$" before the number, two decimals).
-    void RestoreDefaults();
+    void RestoreDefaults() { SetValues({}); }
 
-    bool AutoLoad() const { return FAutoLoad; }
-    void SetAutoLoad(bool value);
-    Integer DateCentury() const { return FDateCentury; }
-    void SetDateCentury(Integer value);   // a multiple of 100, 100 to 9900
-    TQzDateFormat DateFormat() const { return FDateFormat; }
-    void SetDateFormat(TQzDateFormat value);
-    char DateSeparator() const { return FDateSeparator; }
-    void SetDateSeparator(char value);
-    TQzDateYear DateYear() const { return FDateYear; }
-    void SetDateYear(TQzDateYear value);
-    Integer DateYearFix() const { return FDateYearFix; }
-    void SetDateYearFix(Integer value);   // the window's pivot, 0 to 99
-    Integer Decimals() const { return FDecimals; }
-    void SetDecimals(Integer value);      // 0 to 15
-    TQzCurrencyFormat NumericCurrencyFormat() const { return FNumericCurrencyFormat; }
-    void SetNumericCurrencyFormat(TQzCurrencyFormat value);
-    const AnsiString& NumericCurrencyString() const { return FNumericCurrencyString; }
-    void SetNumericCurrencyString(const AnsiString& value);
-    char NumericDecimalSeparator() const { return FNumericDecimalSeparator; }
-    void SetNumericDecimalSeparator(char value);
-    // Spelled as the suite has always spelled it.
-    char NumericTrousandSeparator() const { return FNumericTrousandSeparator; }
-    void SetNumericTrousandSeparator(char value);
-    const AnsiString& TimeAMString() const { return FTimeAMString; }
-    void SetTimeAMString(const AnsiString& value);
-    const AnsiString& TimePMString() const { return FTimePMString; }
-    void SetTimePMString(const AnsiString& value);
-    char TimeSeparator() const { return FTimeSeparator; }
-    void SetTimeSeparator(char value);
+    bool AutoLoad() const { return Values().AutoLoad; }
+    void SetAutoLoad(bool value) { Set(&Values_t::AutoLoad, value); }
+    Integer DateCentury() const { return Values().DateCentury; }
+    void SetDateCentury(Integer value) { Set(&Values_t::DateCentury, value); }
+    TQzDateFormat DateFormat() const { return Values().DateFormat; }
+    void SetDateFormat(TQzDateFormat value) { Set(&Values_t::DateFormat, value); }
+    char DateSeparator() const { return Values().DateSeparator; }
+    void SetDateSeparator(char value) { Set(&Values_t::DateSeparator, value); }
+    TQzDateYear DateYear() const { return Values().DateYear; }
+    void SetDateYear(TQzDateYear value) { Set(&Values_t::DateYear, value); }
+    Integer DateYearFix() const { return Values().DateYearFix; }
+    void SetDateYearFix(Integer value) { Set(&Values_t::DateYearFix, value); }
+    Integer Decimals() const { return Values().Decimals; }
+    void SetDecimals(Integer value) { Set(&Values_t::Decimals, value); }
+    TQzCurrencyFormat NumericCurrencyFormat() const { return Values().NumericCurrencyFormat; }
+    void SetNumericCurrencyFormat(TQzCurrencyFormat value) { Set(&Values_t::NumericCurrencyFormat, value); }
+    const AnsiString& NumericCurrencyString() const { return Values().NumericCurrencyString; }
+    void SetNumericCurrencyString(const AnsiString& value) { Set(&Values_t::NumericCurrencyString, value); }
+    char NumericDecimalSeparator() const { return Values().NumericDecimalSeparator; }
+    void SetNumericDecimalSeparator(char value) { Set(&Values_t::NumericDecimalSeparator, value); }
+    char NumericTrousandSeparator() const { return Values().NumericTrousandSeparator; }
+    void SetNumericTrousandSeparator(char value) { Set(&Values_t::NumericTrousandSeparator, value); }
+    const AnsiString& TimeAMString() const { return Values().TimeAMString; }
+    void SetTimeAMString(const AnsiString& value) { Set(&Values_t::TimeAMString, value); }
+    const AnsiString& TimePMString() const { return Values().TimePMString; }
+    void SetTimePMString(const AnsiString& value) { Set(&Values_t::TimePMString, value); }
+    char TimeSeparator() const { return Values().TimeSeparator; }
+    void SetTimeSeparator(char value) { Set(&Values_t::TimeSeparator, value); }
 
-    void Assign(TPersistent* source) override;
-    bool operator==(const TQzPkgLanguageLocale& other) const;
-    void Write(TWriter& w) const;
-    void Read(TReader& r);
+    void CheckValues(const TQzLocaleValues& values) const override;
 
 private:
-    friend class TQzPkgLanguage;
     static void DeclareProperties(TClassBuilder<TQzPkgLanguageLocale>& b);
-    template <class V>
-    void Set(V& field, const V& value);
-    void CopyValues(const TQzPkgLanguageLocale& source);
-
-    TQzPkgLanguage* FOwner;
-    bool FAutoLoad = false;
-    Integer FDateCentury = 2000;
-    TQzDateFormat FDateFormat = dfDMY;
-    char FDateSeparator = '/';
-    TQzDateYear FDateYear = dyWindow;
-    Integer FDateYearFix = 50;
-    Integer FDecimals = 2;
-    TQzCurrencyFormat FNumericCurrencyFormat = cfBefore;
-    AnsiString FNumericCurrencyString = "$";
-    char FNumericDecimalSeparator = '.';
-    char FNumericTrousandSeparator = ',';
-    AnsiString FTimeAMString = "AM";
-    AnsiString FTimePMString = "PM";
-    char FTimeSeparator = ':';
 };
 
 class TQzPkgLanguage : public TQzPkgInfo {
@@ -107,8 +101,7 @@ public:
     AnsiString DefaultExt() const override { return "lan"; }
     AnsiString KindName() const override { return "Language"; }
 
-    void xSaveToStream(TWriter* writer) override;
-    void xLoadFromStream(TReader* reader) override;
+    void Transfer(TQzPkgTransfer& t) override;
 
 private:
     TQzPkgStrings* FPkgSystem;

@@ -202,54 +202,59 @@ AnsiString TQzPkgPrivileges::BasePath() const
     return TQzPkgInfo::BasePath();
 }
 
+namespace {
+
+// A privilege as it travels.
+struct TPrivilegeValues {
+    Integer Id = 0;
+    AnsiString Description;
+    AnsiString LabelPkgName;
+    Integer LabelId = 0;
+    TQzAccess Access = qaRW;
+    bool Visible = true;
+};
+
+}  // namespace
+
 // Layout (version 1), after the common header:
 //   Key ReadStateDisableControl
 //   ( Id Description LabelPkgName LabelId Access Visible )*
-void TQzPkgPrivileges::xSaveToStream(TWriter* writer)
+void TQzPkgPrivileges::Transfer(TQzPkgTransfer& t)
 {
-    TWriter& w = *writer;
-    WriteContentHeader(w, DataVersion, Placement());
-    WriteText(w, FKey);
-    w.WriteBoolean(FReadStateDisableControl);
-    w.WriteListBegin();
-    for (int i = 0; i < FItems.Count(); ++i) {
-        const TQzPkgPrivilegesItem* item = FItems.GetItems(i);
-        w.WriteInteger(item->Id());
-        WriteText(w, item->Description());
-        WriteText(w, item->DescriptionId()->PkgName());
-        w.WriteInteger(item->DescriptionId()->Id());
-        w.WriteInteger(item->Access());
-        w.WriteBoolean(item->Visible());
-    }
-    w.WriteListEnd();
-}
-
-void TQzPkgPrivileges::xLoadFromStream(TReader* reader)
-{
-    TReader& r = *reader;
-    Integer version = 0;
-    const TQzWindowPlacement placement = ReadContentHeader(r, DataVersion, version);
-    AnsiString key = ReadText(r);
-    const bool readStateDisable = r.ReadBoolean();
+    const TQzWindowPlacement placement = TransferContentHeader(t, DataVersion);
+    AnsiString key = FKey;
+    bool readStateDisable = FReadStateDisableControl;
+    t.Value(key);
+    t.Value(readStateDisable);
     TQzPkgPrivilegesItems items(nullptr);
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        Checked(r, [&] {
-            TQzPkgPrivilegesItem* item = items.Add(r.ReadInteger());
-            item->SetDescription(ReadText(r));
-            AnsiString pkgName = ReadText(r);
-            item->DescriptionId()->PkgId(pkgName, r.ReadInteger());
-            item->SetAccess(ReadEnum(r, qaRW));
-            item->SetVisible(r.ReadBoolean());
+    t.Items(
+        FItems.Count(),
+        [&](int i) {
+            const TQzPkgPrivilegesItem* item = FItems.GetItems(i);
+            return TPrivilegeValues{item->Id(),  item->Description(), item->DescriptionId()->PkgName(),
+                                    item->DescriptionId()->Id(), item->Access(), item->Visible()};
+        },
+        [&](TPrivilegeValues& v) {
+            t.Value(v.Id);
+            t.Value(v.Description);
+            t.Value(v.LabelPkgName);
+            t.Value(v.LabelId);
+            t.Enum(v.Access, qaRW);
+            t.Value(v.Visible);
+        },
+        [&](const TPrivilegeValues& v) {
+            TQzPkgPrivilegesItem* item = items.Add(v.Id);
+            item->SetDescription(v.Description);
+            item->DescriptionId()->PkgId(v.LabelPkgName, v.LabelId);
+            item->SetAccess(v.Access);
+            item->SetVisible(v.Visible);
         });
-    }
-    r.ReadListEnd();
-
+    if (!t.Loading())
+        return;
     FItems.TakeItems(items);
     FKey = key;
     FReadStateDisableControl = readStateDisable;
-    SetPlacement(placement);
-    Change();
+    CommitContents(placement);
 }
 
 // The template: the signature line, then one line per privilege:

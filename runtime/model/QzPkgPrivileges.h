@@ -87,8 +87,7 @@ public:
     // The application's PathPrivileges when it has one, else its Path.
     AnsiString BasePath() const override;
 
-    void xSaveToStream(TWriter* writer) override;
-    void xLoadFromStream(TReader* reader) override;
+    void Transfer(TQzPkgTransfer& t) override;
 
 private:
     TQzPkgPrivilegesItems FItems{this};

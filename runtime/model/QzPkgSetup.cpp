@@ -23,47 +23,37 @@ const char* const ActionNames[QzSetupActionCount] = {
     "NextRecord", "PostRecord", "PriorRecord", "Refresh",
 };
 
-struct TEngineConventions {
-    TQzDateFormat DateFormat;
-    char DateSeparator;
-    char DecimalSeparator;
-    bool QuotedNumber;
-    bool SQLSyntax;
-    char TimeSeparator;
-};
-
 // How each engine writes dates and numbers in SQL text by default.
-TEngineConventions ConventionsOf(TQzDataBaseEngine engine)
+TQzSetupDataBaseValues ConventionsOf(TQzDataBaseEngine engine)
 {
     switch (engine) {
     case deInterBase:
-        return {dfMDY, '/', '.', false, true, ':'};
+        return {engine, dfMDY, '/', '.', false, true, ':'};
     case deOracle:
-        return {dfDMY, '-', '.', false, true, ':'};
+        return {engine, dfDMY, '-', '.', false, true, ':'};
     case deMySQL:
-        return {dfYMD, '-', '.', true, true, ':'};
+        return {engine, dfYMD, '-', '.', true, true, ':'};
     case deGeneric:
-        return {dfYMD, '-', '.', false, false, ':'};
+        return {engine, dfYMD, '-', '.', false, false, ':'};
     case deMSSQL:
     case dePostgreSQL:
     case deSQLite:
         break;
     }
-    return {dfYMD, '-', '.', false, true, ':'};
+    return {engine, dfYMD, '-', '.', false, true, ':'};
+}
+
+TQzSetupKeysValues DefaultKeys()
+{
+    TQzSetupKeysValues v;
+    v.ShortCuts = DefaultShortCuts;
+    return v;
 }
 
 void CheckSeparator(const char* what, char value)
 {
     if (static_cast<unsigned char>(value) < ' ')
         throw EQzPkgError(AnsiString("Invalid ") + what + ": a printable character is needed");
-}
-
-char ReadSeparator(TReader& r)
-{
-    const Integer c = r.ReadInteger();
-    if (c < 0 || c > 255)
-        throw EQzPkgError("Invalid separator " + IntToStr(c));
-    return static_cast<char>(c);
 }
 
 }  // namespace
@@ -84,29 +74,7 @@ void TQzPkgSetupKeys::DeclareProperties(TClassBuilder<TQzPkgSetupKeys>& b)
     }
 }
 
-TQzPkgSetupKeys::TQzPkgSetupKeys(TQzPkgSetup* owner) : FOwner(owner), FShortCuts(DefaultShortCuts) {}
-
-void TQzPkgSetupKeys::Changed()
-{
-    if (FOwner)
-        FOwner->Change();
-}
-
-void TQzPkgSetupKeys::SetActionEnter(bool value)
-{
-    if (value == FActionEnter)
-        return;
-    FActionEnter = value;
-    Changed();
-}
-
-void TQzPkgSetupKeys::SetInsertMode(bool value)
-{
-    if (value == FInsertMode)
-        return;
-    FInsertMode = value;
-    Changed();
-}
+TQzPkgSetupKeys::TQzPkgSetupKeys(TQzPkgSetup* owner) : TQzPkgSettings(owner, DefaultKeys()) {}
 
 // One key, one action: a shortcut another action has is refused, since the
 // data controls could not tell which of the two to run.
@@ -114,14 +82,14 @@ void TQzPkgSetupKeys::SetShortCut(TQzSetupAction action, TShortCut value)
 {
     if (action < 0 || action >= QzSetupActionCount)
         throw EQzPkgError("Invalid setup action " + IntToStr(action));
-    auto& slot = FShortCuts[static_cast<size_t>(action)];
-    if (slot == value)
+    if (ShortCut(action) == value)
         return;
     TQzSetupAction other;
     if (value != 0 && FindAction(value, other))
         throw EQzPkgError(AnsiString("The shortcut is already used by ") + ActionNames[other]);
-    slot = value;
-    Changed();
+    TQzSetupKeysValues v = Values();
+    v.ShortCuts[static_cast<size_t>(action)] = value;
+    SetValues(v);
 }
 
 bool TQzPkgSetupKeys::FindAction(TShortCut shortCut, TQzSetupAction& action) const
@@ -129,7 +97,7 @@ bool TQzPkgSetupKeys::FindAction(TShortCut shortCut, TQzSetupAction& action) con
     if (shortCut == 0)
         return false;
     for (int i = 0; i < QzSetupActionCount; ++i) {
-        if (FShortCuts[static_cast<size_t>(i)] == shortCut) {
+        if (Values().ShortCuts[static_cast<size_t>(i)] == shortCut) {
             action = static_cast<TQzSetupAction>(i);
             return true;
         }
@@ -139,59 +107,13 @@ bool TQzPkgSetupKeys::FindAction(TShortCut shortCut, TQzSetupAction& action) con
 
 void TQzPkgSetupKeys::RestoreDefaults()
 {
-    const TQzPkgSetupKeys defaults;
-    Assign(const_cast<TQzPkgSetupKeys*>(&defaults));
+    SetValues(TQzPkgSetupKeys().Values());
 }
 
-bool TQzPkgSetupKeys::operator==(const TQzPkgSetupKeys& other) const
-{
-    return FActionEnter == other.FActionEnter && FInsertMode == other.FInsertMode && FShortCuts == other.FShortCuts;
-}
-
-void TQzPkgSetupKeys::Assign(TPersistent* source)
-{
-    auto* other = dynamic_cast<TQzPkgSetupKeys*>(source);
-    if (!other) {
-        TPersistent::Assign(source);
-        return;
-    }
-    if (*this == *other)
-        return;
-    FActionEnter = other->FActionEnter;
-    FInsertMode = other->FInsertMode;
-    FShortCuts = other->FShortCuts;
-    Changed();
-}
-
-// ( ActionEnter InsertMode ShortCut* )
-void TQzPkgSetupKeys::Write(TWriter& w) const
-{
-    w.WriteListBegin();
-    w.WriteBoolean(FActionEnter);
-    w.WriteBoolean(FInsertMode);
-    for (TShortCut s : FShortCuts)
-        w.WriteInteger(s);
-    w.WriteListEnd();
-}
-
-void TQzPkgSetupKeys::Read(TReader& r)
-{
-    TQzPkgSetupKeys read;
-    r.ReadListBegin();
-    read.FActionEnter = r.ReadBoolean();
-    read.FInsertMode = r.ReadBoolean();
-    for (auto& s : read.FShortCuts) {
-        const size_t at = r.Position();
-        const Integer v = r.ReadInteger();
-        if (v < 0 || v > 0xFFFF)
-            r.Error("Invalid shortcut " + IntToStr(v), at);
-        s = static_cast<TShortCut>(v);
-    }
-    r.ReadListEnd();
-    FActionEnter = read.FActionEnter;
-    FInsertMode = read.FInsertMode;
-    FShortCuts = read.FShortCuts;
-}
+// Every combination of flags and shortcuts may be kept: a shortcut's
+// uniqueness is the setter's rule, so that settings stored before it came
+// still read.
+void TQzPkgSetupKeys::CheckValues(const TQzSetupKeysValues&) const {}
 
 // ---------------------------------------------------------------------------
 // Database
@@ -209,134 +131,24 @@ void TQzPkgSetupDataBase::DeclareProperties(TClassBuilder<TQzPkgSetupDataBase>& 
     b.Property("TimeSeparator", &D::GetTimeSeparator, &D::SetTimeSeparator).Default(':');
 }
 
-TQzPkgSetupDataBase::TQzPkgSetupDataBase(TQzPkgSetup* owner) : FOwner(owner)
-{
-    const TEngineConventions c = ConventionsOf(FDataBaseEngine);
-    FDateFormat = c.DateFormat;
-    FDateSeparator = c.DateSeparator;
-    FNumericDecimalSeparator = c.DecimalSeparator;
-    FQuotedNumber = c.QuotedNumber;
-    FSQLSyntax = c.SQLSyntax;
-    FTimeSeparator = c.TimeSeparator;
-}
-
-template <class V>
-void TQzPkgSetupDataBase::Set(V& field, const V& value)
-{
-    if (field == value)
-        return;
-    field = value;
-    if (FOwner)
-        FOwner->Change();
-}
+TQzPkgSetupDataBase::TQzPkgSetupDataBase(TQzPkgSetup* owner) : TQzPkgSettings(owner, ConventionsOf(deGeneric)) {}
 
 void TQzPkgSetupDataBase::SetDataBaseEngine(TQzDataBaseEngine value)
 {
-    if (value < deGeneric || value > deSQLite)
-        throw EQzPkgError("Invalid database engine " + IntToStr(value));
-    if (value == FDataBaseEngine)
+    if (value == DataBaseEngine())
         return;
-    const TEngineConventions c = ConventionsOf(value);
-    FDataBaseEngine = value;
-    FDateFormat = c.DateFormat;
-    FDateSeparator = c.DateSeparator;
-    FNumericDecimalSeparator = c.DecimalSeparator;
-    FQuotedNumber = c.QuotedNumber;
-    FSQLSyntax = c.SQLSyntax;
-    FTimeSeparator = c.TimeSeparator;
-    if (FOwner)
-        FOwner->Change();
+    SetValues(ConventionsOf(value));
 }
 
-void TQzPkgSetupDataBase::SetDateFormat(TQzDateFormat value)
+void TQzPkgSetupDataBase::CheckValues(const TQzSetupDataBaseValues& v) const
 {
-    if (value < dfDMY || value > dfYMD)
-        throw EQzPkgError("Invalid date format " + IntToStr(value));
-    Set(FDateFormat, value);
-}
-
-void TQzPkgSetupDataBase::SetDateSeparator(char value)
-{
-    CheckSeparator("date separator", value);
-    Set(FDateSeparator, value);
-}
-
-void TQzPkgSetupDataBase::SetNumericDecimalSeparator(char value)
-{
-    CheckSeparator("decimal separator", value);
-    Set(FNumericDecimalSeparator, value);
-}
-
-void TQzPkgSetupDataBase::SetQuotedNumber(bool value) { Set(FQuotedNumber, value); }
-void TQzPkgSetupDataBase::SetSQLSyntax(bool value) { Set(FSQLSyntax, value); }
-
-void TQzPkgSetupDataBase::SetTimeSeparator(char value)
-{
-    CheckSeparator("time separator", value);
-    Set(FTimeSeparator, value);
-}
-
-void TQzPkgSetupDataBase::CopyValues(const TQzPkgSetupDataBase& s)
-{
-    FDataBaseEngine = s.FDataBaseEngine;
-    FDateFormat = s.FDateFormat;
-    FDateSeparator = s.FDateSeparator;
-    FNumericDecimalSeparator = s.FNumericDecimalSeparator;
-    FQuotedNumber = s.FQuotedNumber;
-    FSQLSyntax = s.FSQLSyntax;
-    FTimeSeparator = s.FTimeSeparator;
-}
-
-bool TQzPkgSetupDataBase::operator==(const TQzPkgSetupDataBase& s) const
-{
-    return FDataBaseEngine == s.FDataBaseEngine && FDateFormat == s.FDateFormat && FDateSeparator == s.FDateSeparator &&
-           FNumericDecimalSeparator == s.FNumericDecimalSeparator && FQuotedNumber == s.FQuotedNumber &&
-           FSQLSyntax == s.FSQLSyntax && FTimeSeparator == s.FTimeSeparator;
-}
-
-void TQzPkgSetupDataBase::Assign(TPersistent* source)
-{
-    auto* other = dynamic_cast<TQzPkgSetupDataBase*>(source);
-    if (!other) {
-        TPersistent::Assign(source);
-        return;
-    }
-    if (*this == *other)
-        return;
-    CopyValues(*other);
-    if (FOwner)
-        FOwner->Change();
-}
-
-// ( Engine DateFormat DateSep DecimalSep QuotedNumber SQLSyntax TimeSep )
-void TQzPkgSetupDataBase::Write(TWriter& w) const
-{
-    w.WriteListBegin();
-    w.WriteInteger(FDataBaseEngine);
-    w.WriteInteger(FDateFormat);
-    w.WriteInteger(static_cast<unsigned char>(FDateSeparator));
-    w.WriteInteger(static_cast<unsigned char>(FNumericDecimalSeparator));
-    w.WriteBoolean(FQuotedNumber);
-    w.WriteBoolean(FSQLSyntax);
-    w.WriteInteger(static_cast<unsigned char>(FTimeSeparator));
-    w.WriteListEnd();
-}
-
-void TQzPkgSetupDataBase::Read(TReader& r)
-{
-    TQzPkgSetupDataBase read;
-    r.ReadListBegin();
-    Checked(r, [&] {
-        read.SetDataBaseEngine(ReadEnum(r, deSQLite));
-        read.SetDateFormat(ReadEnum(r, dfYMD));
-        read.SetDateSeparator(ReadSeparator(r));
-        read.SetNumericDecimalSeparator(ReadSeparator(r));
-        read.SetQuotedNumber(r.ReadBoolean());
-        read.SetSQLSyntax(r.ReadBoolean());
-        read.SetTimeSeparator(ReadSeparator(r));
-    });
-    r.ReadListEnd();
-    CopyValues(read);
+    if (v.DataBaseEngine < deGeneric || v.DataBaseEngine > deSQLite)
+        throw EQzPkgError("Invalid database engine " + IntToStr(v.DataBaseEngine));
+    if (v.DateFormat < dfDMY || v.DateFormat > dfYMD)
+        throw EQzPkgError("Invalid date format " + IntToStr(v.DateFormat));
+    CheckSeparator("date separator", v.DateSeparator);
+    CheckSeparator("decimal separator", v.NumericDecimalSeparator);
+    CheckSeparator("time separator", v.TimeSeparator);
 }
 
 // ---------------------------------------------------------------------------
@@ -347,8 +159,7 @@ TQzPkgSetup::TQzPkgSetup(TComponent* owner) : TQzPkgInfo(owner) {}
 void TQzPkgSetup::Clear()
 {
     FKeys.RestoreDefaults();
-    const TQzPkgSetupDataBase defaults;
-    FDataBase.Assign(const_cast<TQzPkgSetupDataBase*>(&defaults));
+    FDataBase.SetValues(TQzPkgSetupDataBase().Values());
 }
 
 bool TQzPkgSetup::IsEmpty() const
@@ -356,25 +167,36 @@ bool TQzPkgSetup::IsEmpty() const
     return FKeys == TQzPkgSetupKeys() && FDataBase == TQzPkgSetupDataBase();
 }
 
-// Layout (version 1), after the common header: Keys DataBase.
-void TQzPkgSetup::xSaveToStream(TWriter* writer)
+// Layout (version 1), after the common header:
+//   ( ActionEnter InsertMode ShortCut* )
+//   ( Engine DateFormat DateSep DecimalSep QuotedNumber SQLSyntax TimeSep )
+void TQzPkgSetup::Transfer(TQzPkgTransfer& t)
 {
-    WriteContentHeader(*writer, DataVersion, Placement());
-    FKeys.Write(*writer);
-    FDataBase.Write(*writer);
-}
-
-void TQzPkgSetup::xLoadFromStream(TReader* reader)
-{
-    TReader& r = *reader;
-    Integer version = 0;
-    const TQzWindowPlacement placement = ReadContentHeader(r, DataVersion, version);
-    TQzPkgSetupKeys keys;
-    keys.Read(r);
-    TQzPkgSetupDataBase dataBase;
-    dataBase.Read(r);
-    FKeys.Assign(&keys);
-    FDataBase.Assign(&dataBase);
-    SetPlacement(placement);
-    Change();
+    const TQzWindowPlacement placement = TransferContentHeader(t, DataVersion);
+    TQzSetupKeysValues k = FKeys.Values();
+    t.List([&] {
+        t.Value(k.ActionEnter);
+        t.Value(k.InsertMode);
+        for (TShortCut& s : k.ShortCuts) {
+            Integer v = s;
+            t.Value(v, 0, 0xFFFF, "shortcut");
+            s = static_cast<TShortCut>(v);
+        }
+    });
+    TQzSetupDataBaseValues d = FDataBase.Values();
+    t.List([&] {
+        t.Enum(d.DataBaseEngine, deSQLite);
+        t.Enum(d.DateFormat, dfYMD);
+        t.Char(d.DateSeparator);
+        t.Char(d.NumericDecimalSeparator);
+        t.Value(d.QuotedNumber);
+        t.Value(d.SQLSyntax);
+        t.Char(d.TimeSeparator);
+        t.Checked([&] { FDataBase.CheckValues(d); });
+    });
+    if (!t.Loading())
+        return;
+    FKeys.SetValues(k);
+    FDataBase.SetValues(d);
+    CommitContents(placement);
 }

@@ -3,7 +3,7 @@
 // of the data controls and the conventions of the database the application
 // talks to.
 
-#include "runtime/model/QzPkgInfo.h"
+#include "runtime/model/QzPkgSettings.h"
 
 #include <array>
 
@@ -30,20 +30,25 @@ enum TQzSetupAction {
 };
 inline constexpr int QzSetupActionCount = saRefresh + 1;
 
-class TQzPkgSetupKeys : public TPersistent {
+struct TQzSetupKeysValues {
+    bool ActionEnter = true;   // Enter moves to the next control, as Tab does
+    bool InsertMode = true;    // edits start in insert (not overwrite) mode
+    std::array<TShortCut, QzSetupActionCount> ShortCuts{};
+    bool operator==(const TQzSetupKeysValues&) const = default;
+};
+
+class TQzPkgSetupKeys : public TQzPkgSettings<TQzSetupKeysValues> {
     QZ_CLASS(TQzPkgSetupKeys, TPersistent)
 
 public:
     explicit TQzPkgSetupKeys(TQzPkgSetup* owner = nullptr);
 
-    // Enter moves to the next control, as Tab does.
-    bool ActionEnter() const { return FActionEnter; }
-    void SetActionEnter(bool value);
-    // Edits start in insert (not overwrite) mode.
-    bool InsertMode() const { return FInsertMode; }
-    void SetInsertMode(bool value);
+    bool ActionEnter() const { return Values().ActionEnter; }
+    void SetActionEnter(bool value) { Set(&Values_t::ActionEnter, value); }
+    bool InsertMode() const { return Values().InsertMode; }
+    void SetInsertMode(bool value) { Set(&Values_t::InsertMode, value); }
 
-    TShortCut ShortCut(TQzSetupAction action) const { return FShortCuts[static_cast<size_t>(action)]; }
+    TShortCut ShortCut(TQzSetupAction action) const { return Values().ShortCuts[static_cast<size_t>(action)]; }
     void SetShortCut(TQzSetupAction action, TShortCut value);
     // The action a shortcut triggers; false when none has it.
     bool FindAction(TShortCut shortCut, TQzSetupAction& action) const;
@@ -66,64 +71,49 @@ public:
     void SetPriorRecord(TShortCut value) { SetShortCut(saPriorRecord, value); }
     void SetRefresh(TShortCut value) { SetShortCut(saRefresh, value); }
 
-    void Assign(TPersistent* source) override;
-    bool operator==(const TQzPkgSetupKeys& other) const;
-    void Write(TWriter& w) const;
-    void Read(TReader& r);
+    void CheckValues(const TQzSetupKeysValues& values) const override;
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgSetupKeys>& b);
-    void Changed();
-
-    TQzPkgSetup* FOwner;
-    bool FActionEnter = true;
-    bool FInsertMode = true;
-    std::array<TShortCut, QzSetupActionCount> FShortCuts{};
 };
 
-class TQzPkgSetupDataBase : public TPersistent {
+struct TQzSetupDataBaseValues {
+    TQzDataBaseEngine DataBaseEngine = deGeneric;
+    TQzDateFormat DateFormat = dfYMD;
+    char DateSeparator = '-';
+    char NumericDecimalSeparator = '.';
+    bool QuotedNumber = false;   // numbers written in quotes in SQL text
+    bool SQLSyntax = false;      // SQL text follows the engine's own syntax rather than the generic one
+    char TimeSeparator = ':';
+    bool operator==(const TQzSetupDataBaseValues&) const = default;
+};
+
+class TQzPkgSetupDataBase : public TQzPkgSettings<TQzSetupDataBaseValues> {
     QZ_CLASS(TQzPkgSetupDataBase, TPersistent)
 
 public:
     explicit TQzPkgSetupDataBase(TQzPkgSetup* owner = nullptr);
 
-    TQzDataBaseEngine DataBaseEngine() const { return FDataBaseEngine; }
+    TQzDataBaseEngine DataBaseEngine() const { return Values().DataBaseEngine; }
     // Also takes the engine's own conventions for the settings below.
     void SetDataBaseEngine(TQzDataBaseEngine value);
-    TQzDateFormat GetDateFormat() const { return FDateFormat; }
-    void SetDateFormat(TQzDateFormat value);
-    char GetDateSeparator() const { return FDateSeparator; }
-    void SetDateSeparator(char value);
-    char GetNumericDecimalSeparator() const { return FNumericDecimalSeparator; }
-    void SetNumericDecimalSeparator(char value);
-    // Numbers written in quotes in SQL text.
-    bool GetQuotedNumber() const { return FQuotedNumber; }
-    void SetQuotedNumber(bool value);
-    // SQL text follows the engine's own syntax rather than the generic one.
-    bool GetSQLSyntax() const { return FSQLSyntax; }
-    void SetSQLSyntax(bool value);
-    char GetTimeSeparator() const { return FTimeSeparator; }
-    void SetTimeSeparator(char value);
+    TQzDateFormat GetDateFormat() const { return Values().DateFormat; }
+    void SetDateFormat(TQzDateFormat value) { Set(&Values_t::DateFormat, value); }
+    char GetDateSeparator() const { return Values().DateSeparator; }
+    void SetDateSeparator(char value) { Set(&Values_t::DateSeparator, value); }
+    char GetNumericDecimalSeparator() const { return Values().NumericDecimalSeparator; }
+    void SetNumericDecimalSeparator(char value) { Set(&Values_t::NumericDecimalSeparator, value); }
+    bool GetQuotedNumber() const { return Values().QuotedNumber; }
+    void SetQuotedNumber(bool value) { Set(&Values_t::QuotedNumber, value); }
+    bool GetSQLSyntax() const { return Values().SQLSyntax; }
+    void SetSQLSyntax(bool value) { Set(&Values_t::SQLSyntax, value); }
+    char GetTimeSeparator() const { return Values().TimeSeparator; }
+    void SetTimeSeparator(char value) { Set(&Values_t::TimeSeparator, value); }
 
-    void Assign(TPersistent* source) override;
-    bool operator==(const TQzPkgSetupDataBase& other) const;
-    void Write(TWriter& w) const;
-    void Read(TReader& r);
+    void CheckValues(const TQzSetupDataBaseValues& values) const override;
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgSetupDataBase>& b);
-    template <class V>
-    void Set(V& field, const V& value);
-    void CopyValues(const TQzPkgSetupDataBase& source);
-
-    TQzPkgSetup* FOwner;
-    TQzDataBaseEngine FDataBaseEngine = deGeneric;
-    TQzDateFormat FDateFormat = dfYMD;
-    char FDateSeparator = '-';
-    char FNumericDecimalSeparator = '.';
-    bool FQuotedNumber = false;
-    bool FSQLSyntax = true;
-    char FTimeSeparator = ':';
 };
 
 class TQzPkgSetup : public TQzPkgInfo {
@@ -145,8 +135,7 @@ public:
     AnsiString DefaultExt() const override { return "pse"; }
     AnsiString KindName() const override { return "Setup"; }
 
-    void xSaveToStream(TWriter* writer) override;
-    void xLoadFromStream(TReader* reader) override;
+    void Transfer(TQzPkgTransfer& t) override;
 
 private:
     TQzPkgSetupKeys FKeys{this};

@@ -139,85 +139,69 @@ bool TQzPkgStrings::IsEmpty() const
     return FLabels.Count() == 0 && FMessages.Count() == 0 && FTexts.Count() == 0;
 }
 
+namespace {
+
+// An item as it travels: labels have a hint, messages and texts do not.
+struct TStringValues {
+    Integer Id = 0;
+    AnsiString Text;
+    AnsiString Hint;
+    bool Protected = false;
+};
+
+template <class Item>
+TStringValues ValuesOf(const Item* item)
+{
+    TStringValues v{item->Id(), item->Text(), {}, item->Protected()};
+    if constexpr (std::is_same_v<Item, TQzPkgStringsLabel>)
+        v.Hint = item->Hint();
+    return v;
+}
+
+// ( Id Text [Hint] Protected )* in list order, into the free-standing list
+// into when loading.
+template <class Items>
+void TransferItems(TQzPkgTransfer& t, const Items& live, Items& into)
+{
+    constexpr bool labels = std::is_same_v<Items, TQzPkgStringsLabels>;
+    t.Items(
+        live.Count(), [&](int i) { return ValuesOf(live.GetItems(i)); },
+        [&](TStringValues& v) {
+            t.Value(v.Id);
+            t.Value(v.Text);
+            if constexpr (labels)
+                t.Value(v.Hint);
+            t.Value(v.Protected);
+        },
+        [&](const TStringValues& v) {
+            if constexpr (labels)
+                into.Add(v.Id, v.Text, v.Hint)->SetProtected(v.Protected);
+            else
+                into.Add(v.Id, v.Text)->SetProtected(v.Protected);
+        });
+}
+
+}  // namespace
+
 // Layout (version 1), after the common header:
 //   ( Id Text Hint Protected )*   labels, in list order
 //   ( Id Text Protected )*        messages
 //   ( Id Text Protected )*        texts
-void TQzPkgStrings::xSaveToStream(TWriter* writer)
+void TQzPkgStrings::Transfer(TQzPkgTransfer& t)
 {
-    TWriter& w = *writer;
-    WriteContentHeader(w, DataVersion, Placement());
-    w.WriteListBegin();
-    for (int i = 0; i < FLabels.Count(); ++i) {
-        const TQzPkgStringsLabel* item = FLabels.GetItems(i);
-        w.WriteInteger(item->Id());
-        WriteText(w, item->Text());
-        WriteText(w, item->Hint());
-        w.WriteBoolean(item->Protected());
-    }
-    w.WriteListEnd();
-    w.WriteListBegin();
-    for (int i = 0; i < FMessages.Count(); ++i) {
-        const TQzPkgStringsMessage* item = FMessages.GetItems(i);
-        w.WriteInteger(item->Id());
-        WriteText(w, item->Text());
-        w.WriteBoolean(item->Protected());
-    }
-    w.WriteListEnd();
-    w.WriteListBegin();
-    for (int i = 0; i < FTexts.Count(); ++i) {
-        const TQzPkgStringsText* item = FTexts.GetItems(i);
-        w.WriteInteger(item->Id());
-        WriteText(w, item->Text());
-        w.WriteBoolean(item->Protected());
-    }
-    w.WriteListEnd();
-}
-
-void TQzPkgStrings::xLoadFromStream(TReader* reader)
-{
-    TReader& r = *reader;
-    Integer version = 0;
-    const TQzWindowPlacement placement = ReadContentHeader(r, DataVersion, version);
-
-    // Read whole into free-standing lists first, so a failure changes nothing.
+    const TQzWindowPlacement placement = TransferContentHeader(t, DataVersion);
     TQzPkgStringsLabels labels(nullptr);
     TQzPkgStringsMessages messages(nullptr);
     TQzPkgStringsTexts texts(nullptr);
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        Checked(r, [&] {
-            const Integer id = r.ReadInteger();
-            AnsiString text = ReadText(r);
-            AnsiString hint = ReadText(r);
-            labels.Add(id, text, hint)->SetProtected(r.ReadBoolean());
-        });
-    }
-    r.ReadListEnd();
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        Checked(r, [&] {
-            const Integer id = r.ReadInteger();
-            AnsiString text = ReadText(r);
-            messages.Add(id, text)->SetProtected(r.ReadBoolean());
-        });
-    }
-    r.ReadListEnd();
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        Checked(r, [&] {
-            const Integer id = r.ReadInteger();
-            AnsiString text = ReadText(r);
-            texts.Add(id, text)->SetProtected(r.ReadBoolean());
-        });
-    }
-    r.ReadListEnd();
-
+    TransferItems(t, FLabels, labels);
+    TransferItems(t, FMessages, messages);
+    TransferItems(t, FTexts, texts);
+    if (!t.Loading())
+        return;
     FLabels.TakeItems(labels);
     FMessages.TakeItems(messages);
     FTexts.TakeItems(texts);
-    SetPlacement(placement);
-    Change();
+    CommitContents(placement);
 }
 
 void TQzPkgStrings::TakeContents(TQzPkgStrings& source)

@@ -123,8 +123,7 @@ public:
     AnsiString DefaultExt() const override { return "pst"; }
     AnsiString KindName() const override { return "PkgStrings"; }
 
-    void xSaveToStream(TWriter* writer) override;
-    void xLoadFromStream(TReader* reader) override;
+    void Transfer(TQzPkgTransfer& t) override;
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgStrings>& b);

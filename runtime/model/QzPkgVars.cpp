@@ -432,84 +432,58 @@ AnsiString TQzPkgVars::BasePath() const
 // Layout (version 1), after the common header, a list of items:
 //   ( Ident Type Value )   Value by type: Boolean, Integer, Float, String;
 //                          a folder's value is the list of its items.
-void TQzPkgVars::WriteItems(TWriter& w, const std::vector<TQzPkgVarsItem*>& items)
+// Saving walks items; loading appends what it reads to them.
+void TQzPkgVars::TransferItems(TQzPkgTransfer& t, TQzPkgVarsItem* parent, std::vector<TQzPkgVarsItem*>& items,
+                               int depth)
 {
-    w.WriteListBegin();
-    for (const TQzPkgVarsItem* item : items) {
-        WriteText(w, item->FIdent);
-        w.WriteInteger(item->FItemType);
-        switch (item->FItemType) {
-        case qvBoolean:
-            w.WriteBoolean(item->FBoolean);
-            break;
-        case qvInteger:
-            w.WriteInteger(item->FInteger);
-            break;
-        case qvFloat:
-            w.WriteFloat(item->FFloat);
-            break;
-        case qvString:
-            WriteText(w, item->FString);
-            break;
-        case qvFolder:
-            WriteItems(w, item->FChildren);
-            break;
+    if (t.Loading() && depth > MaxDepth)
+        t.Reader().Error("Variable folders nested too deeply");
+    t.List([&] {
+        const size_t saved = items.size();
+        for (size_t i = 0; t.Loading() ? !t.Reader().EndOfList() : i < saved; ++i) {
+            AnsiString ident = t.Loading() ? AnsiString() : items[i]->FIdent;
+            TQzPkgVarsItemType type = t.Loading() ? qvBoolean : items[i]->FItemType;
+            t.Value(ident);
+            t.Enum(type, qvFolder);
+            if (t.Loading())
+                items.push_back(new TQzPkgVarsItem(this, parent, ident, type));
+            TQzPkgVarsItem& item = *items[i];
+            switch (type) {
+            case qvBoolean:
+                t.Value(item.FBoolean);
+                break;
+            case qvInteger:
+                t.Value(item.FInteger);
+                break;
+            case qvFloat:
+                t.Value(item.FFloat);
+                break;
+            case qvString:
+                t.Value(item.FString);
+                break;
+            case qvFolder:
+                TransferItems(t, &item, item.FChildren, depth + 1);
+                break;
+            }
         }
+    });
+}
+
+void TQzPkgVars::Transfer(TQzPkgTransfer& t)
+{
+    const TQzWindowPlacement placement = TransferContentHeader(t, DataVersion);
+    if (!t.Loading()) {
+        TransferItems(t, nullptr, FItems, 1);
+        return;
     }
-    w.WriteListEnd();
-}
-
-void TQzPkgVars::xSaveToStream(TWriter* writer)
-{
-    WriteContentHeader(*writer, DataVersion, Placement());
-    WriteItems(*writer, FItems);
-}
-
-void TQzPkgVars::ReadItems(TReader& r, TQzPkgVarsItem* parent, std::vector<TQzPkgVarsItem*>& into, int depth)
-{
-    if (depth > MaxDepth)
-        r.Error("Variable folders nested too deeply");
-    r.ReadListBegin();
-    while (!r.EndOfList()) {
-        AnsiString ident = ReadText(r);
-        const auto type = ReadEnum(r, qvFolder);
-        auto* item = new TQzPkgVarsItem(this, parent, ident, type);
-        into.push_back(item);
-        switch (type) {
-        case qvBoolean:
-            item->FBoolean = r.ReadBoolean();
-            break;
-        case qvInteger:
-            item->FInteger = r.ReadInteger();
-            break;
-        case qvFloat:
-            item->FFloat = r.ReadFloat();
-            break;
-        case qvString:
-            item->FString = ReadText(r);
-            break;
-        case qvFolder:
-            ReadItems(r, item, item->FChildren, depth + 1);
-            break;
-        }
-    }
-    r.ReadListEnd();
-}
-
-void TQzPkgVars::xLoadFromStream(TReader* reader)
-{
-    TReader& r = *reader;
-    Integer version = 0;
-    const TQzWindowPlacement placement = ReadContentHeader(r, DataVersion, version);
     std::vector<TQzPkgVarsItem*> items;
     try {
-        ReadItems(r, nullptr, items, 1);
+        TransferItems(t, nullptr, items, 1);
     } catch (...) {
         FreeItems(items);
         throw;
     }
     FreeItems(FItems);
     FItems = std::move(items);
-    SetPlacement(placement);
-    Change();
+    CommitContents(placement);
 }

@@ -110,15 +110,13 @@ public:
     AnsiString BasePath() const override;
     using TQzPkgInfo::GetPathFileName;
 
-    void xSaveToStream(TWriter* writer) override;
-    void xLoadFromStream(TReader* reader) override;
+    void Transfer(TQzPkgTransfer& t) override;
 
 private:
     friend class TQzPkgVarsItem;
     static void DeclareProperties(TClassBuilder<TQzPkgVars>& b);
     void FreeItems(std::vector<TQzPkgVarsItem*>& items);
-    static void WriteItems(TWriter& w, const std::vector<TQzPkgVarsItem*>& items);
-    void ReadItems(TReader& r, TQzPkgVarsItem* parent, std::vector<TQzPkgVarsItem*>& into, int depth);
+    void TransferItems(TQzPkgTransfer& t, TQzPkgVarsItem* parent, std::vector<TQzPkgVarsItem*>& items, int depth);
 
     std::vector<TQzPkgVarsItem*> FItems;
     bool FClearing = false;
