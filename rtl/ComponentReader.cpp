@@ -51,8 +51,12 @@ void TComponentReader::ReadRoot()
     Root->SetStreamInfo(std::move(info));
     Root->Loading();
     ReadOrder.push_back(Root);
-    if (!header.ObjectName.empty() && Root->Name() != header.ObjectName)
-        Root->SetName(header.ObjectName);
+    try {
+        if (!header.ObjectName.empty() && Root->Name() != header.ObjectName)
+            Root->SetName(header.ObjectName);
+    } catch (const Exception& e) {
+        R.Error("Component " + header.ObjectName + ": " + e.Message(), sizeof FilerSignature);
+    }
     while (!R.EndOfList())
         ReadProperty(Root, ref);
     R.ReadListEnd();
@@ -177,6 +181,12 @@ void TComponentReader::ResolveFixups()
     }
 }
 
+void ReadIntoRoot(std::string_view binary, TComponent* root, const TFormTextOptions& options)
+{
+    TReader reader(binary);
+    TComponentReader(reader, root, options).ReadRoot();
+}
+
 } // namespace
 
 AnsiString StreamedClassName(const TComponent* component)
@@ -194,8 +204,13 @@ void RegisterComponentStreamClasses()
 
 void ReadComponentData(std::string_view binary, TComponent* root, const TFormTextOptions& options)
 {
-    TReader reader(binary);
-    TComponentReader(reader, root, options).ReadRoot();
+    // The stream is read into a new root of the same class first, so one
+    // that is refused never reaches this root half read.
+    if (root->ClassType()->CanCreate()) {
+        std::unique_ptr<TComponent> trial(root->ClassType()->Create(nullptr));
+        ReadIntoRoot(binary, trial.get(), options);
+    }
+    ReadIntoRoot(binary, root, options);
 }
 
 std::unique_ptr<TComponent> ReadForm(std::string_view form, const TFormTextOptions& options)
@@ -221,7 +236,7 @@ std::unique_ptr<TComponent> ReadForm(std::string_view form, const TFormTextOptio
         root.reset(meta->Create(nullptr));
     else
         root = std::make_unique<TUnknownComponent>(nullptr);
-    ReadComponentData(binary, root.get(), options);
+    ReadIntoRoot(binary, root.get(), options);
     return root;
 }
 

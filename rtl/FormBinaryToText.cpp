@@ -3,6 +3,7 @@
 #include "rtl/CodePage.h"
 #include "rtl/Filer.h"
 #include "rtl/FormText.h"
+#include "rtl/Parser.h"
 
 namespace {
 
@@ -18,6 +19,30 @@ bool IsTrailByte(std::string_view s, size_t i, int codePage)
     while (p < i)
         p += IsLeadByte(codePage, Byte(s[p])) ? 2 : 1;
     return p > i;
+}
+
+// Whether the text reader reads `text` back whole as one token of `kind`,
+// a symbol taking dotted parts where `dotted`. Names are written bare, so
+// a name the reader would split, skip or refuse cannot be written.
+bool ReadsBackWhole(std::string_view text, char kind, bool dotted = false)
+{
+    try {
+        TParser parser(text);
+        if (parser.Token() != kind || parser.TokenText().data() != text.data())
+            return false;
+        return (dotted ? parser.TokenComponentIdent() : parser.TokenText()).size() == text.size();
+    } catch (const EParserError&) {
+        return false;
+    }
+}
+
+// The words that end a component's properties in text.
+bool EndsProperties(const AnsiString& name)
+{
+    for (const char* word : {"end", "object", "inherited", "inline"})
+        if (SameText(name, word))
+            return true;
+    return false;
 }
 
 class TBinaryToText {
@@ -40,7 +65,7 @@ private:
             R.Error("Values nested too deeply");
     }
     void ConvertProperty();
-    void ConvertValue();
+    void ConvertValue(bool listItem = false);
     void ConvertBinary();
     void ConvertCollection();
     void ConvertNarrowString(std::string_view s);
@@ -73,6 +98,8 @@ void TBinaryToText::ConvertObject()
     Nest();
     Indent();
     TComponentHeader h = R.ReadComponentHeader();
+    if (!ReadsBackWhole(h.ClassName, toSymbol) || (!h.ObjectName.empty() && !ReadsBackWhole(h.ObjectName, toSymbol)))
+        R.Error("Component or class name cannot be written as text");
     Out += (h.Flags & ffInherited) ? "inherited " : (h.Flags & ffInline) ? "inline " : "object ";
     if (!h.ObjectName.empty()) {
         Out += h.ObjectName;
@@ -102,14 +129,17 @@ void TBinaryToText::ConvertObject()
 void TBinaryToText::ConvertProperty()
 {
     Indent();
-    Out += R.ReadStr();
+    const AnsiString name = R.ReadStr();
+    if (!ReadsBackWhole(name, toSymbol, true) || EndsProperties(name))
+        R.Error("Property name cannot be written as text");
+    Out += name;
     Out += " = ";
     ConvertValue();
     Out += O.LineBreak;
     FlushToSink();
 }
 
-void TBinaryToText::ConvertValue()
+void TBinaryToText::ConvertValue(bool listItem)
 {
     Nest();
     switch (R.NextValue()) {
@@ -119,7 +149,7 @@ void TBinaryToText::ConvertValue()
         ++Level;
         while (!R.EndOfList()) {
             NewLine();
-            ConvertValue();
+            ConvertValue(true);
         }
         R.ReadListEnd();
         --Level;
@@ -168,9 +198,18 @@ void TBinaryToText::ConvertValue()
     case vaTrue:
     case vaNil:
     case vaNull:
-    case vaIdent:
         Out += R.ReadIdent();
         break;
+    case vaIdent: {
+        const AnsiString ident = R.ReadIdent();
+        if (!ReadsBackWhole(ident, toSymbol, true))
+            R.Error("Identifier cannot be written as text");
+        // Text reads Null as the value that would end the list.
+        if (listItem && SameText(ident, "Null"))
+            R.Error("Null cannot be an item of a list");
+        Out += ident;
+        break;
+    }
     case vaBinary:
         ConvertBinary();
         break;
@@ -181,6 +220,9 @@ void TBinaryToText::ConvertValue()
             AnsiString element = R.ReadStr();
             if (element.empty())
                 break;
+            if (!ReadsBackWhole(element, toSymbol) && !ReadsBackWhole(element, toInteger) &&
+                !ReadsBackWhole(element, toString))
+                R.Error("Set element cannot be written as text");
             if (i > 0)
                 Out += ", ";
             Out += element;

@@ -189,6 +189,10 @@ void TTextToBinary::ConvertValue()
         while (P.Token() != ')') {
             if (P.Token() == toEOF)
                 P.Error("')' expected");
+            // Null is written as the byte that ends a list, so the list
+            // would end there when read back.
+            if (P.TokenSymbolIs("Null"))
+                P.Error("Null cannot be an item of a list");
             ConvertValue();
         }
         W.WriteListEnd();

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <typeinfo>
 
 namespace {
 
@@ -363,6 +364,44 @@ TEST(ComponentStream, DamagedFormsFailWithAClearErrorAndLeaveNothingBehind)
         EXPECT_NE(e.Message().find("Component A"), std::string::npos) << e.Message();
     }
     EXPECT_THROW(Load("object F: TTestForm\n  Left = \nend\n"), ETextParseError);
+}
+
+// Each byte of a form in turn replaced by bytes that mean something to the
+// reader: value types, list ends, lengths.
+template <typename Check>
+void ForEachDamagedByte(const std::string& binary, Check check)
+{
+    for (size_t i = 4; i < binary.size(); ++i)
+        for (char value : {'\x00', '\x01', '\x06', '\x07', '\x0E', '\x12', '\x7F', '\xFF'}) {
+            if (binary[i] == value)
+                continue;
+            std::string damaged = binary;
+            damaged[i] = value;
+            check(damaged, i);
+        }
+}
+
+TEST(ComponentStream, ADamagedStreamIsReadWholeOrChangesNothing)
+{
+    RegisterTestClasses();
+    const std::string binary = FormTextToBinary(MixedForm, Lf());
+    TTestForm untouched(nullptr);
+    const std::string empty = WriteComponentData(&untouched, Lf());
+    int refused = 0;
+    ForEachDamagedByte(binary, [&](const std::string& damaged, size_t at) {
+        TTestForm root(nullptr);
+        try {
+            ReadComponentData(damaged, &root, Lf());
+        } catch (const EReadError& e) {
+            ++refused;
+            EXPECT_NE(e.Message().find(" at offset "), std::string::npos) << e.Message();
+            EXPECT_EQ(root.ComponentCount(), 0) << "damaged at " << at << ": " << e.Message();
+            EXPECT_EQ(WriteComponentData(&root, Lf()), empty) << "damaged at " << at << ": " << e.Message();
+        } catch (const Exception& e) {
+            ADD_FAILURE() << "damaged at " << at << " raised " << typeid(e).name() << ": " << e.Message();
+        }
+    });
+    EXPECT_GT(refused, 0);
 }
 
 TEST(ComponentStream, EveryCorpusFormSurvivesLoadingAndSaving)

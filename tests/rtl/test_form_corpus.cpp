@@ -53,8 +53,8 @@ enum class TException {
     // Strings of the two wide kinds (UTF-16 and UTF-8) in one form; text
     // does not say which a string was. The text converts back to itself.
     MixedWideStrings,
-    // Holds a value no text can express (an identifier of length 0): the
-    // text is written, and reading it fails with the line.
+    // Holds a value no text can express (an identifier of length 0):
+    // converting it to text fails with the offset.
     Inexpressible,
     // Text the IDE would not have written (indentation by tabs, a string cut
     // at a different place). Our rewrite of it converts back to itself.
@@ -96,10 +96,10 @@ std::string CheckException(TException kind, const std::string& original, TFormTe
         return stable(FormToText(original, options));
     case TException::Inexpressible:
         try {
-            FormTextToBinary(FormToText(original, options), options);
-            return "its text was read although it should not be";
-        } catch (const ETextParseError& e) {
-            return e.Line() > 0 ? "" : "the error names no line";
+            FormToText(original, options);
+            return "its text was written although no text can hold it";
+        } catch (const EReadError& e) {
+            return e.Message().find(" at offset ") != AnsiString::npos ? "" : "the error names no offset";
         }
     case TException::NotIdeText:
         return stable(FormBinaryToText(FormTextToBinary(original, options), options));

@@ -4,9 +4,12 @@
 #include "rtl/Filer.h"
 #include "rtl/FormText.h"
 #include "rtl/Parser.h"
+#include "fuzz/FormOracle.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 
 namespace {
@@ -217,6 +220,8 @@ TEST(FormText, BadTextIsReportedWithItsLine)
         {("object Form1: TForm1\n  A = " + std::string(256, 'x') + "\nend\n"), "line 2: Identifier too long"},
         {"object Form1: TForm1\n  A = 836E49584D\nend\n", "line 2: Invalid floating point value 836E49584D"},
         {"object Form1: TForm1\n  A = 1e39s\nend\n", "line 2: Floating point value out of range 1e39s"},
+        // Null is stored as the byte that ends a list.
+        {"object Form1: TForm1\n  L = (\n    'a'\n    null\n    b)\nend\n", "line 4: Null cannot be an item of a list"},
     };
     for (const Case& c : cases) {
         try {
@@ -246,20 +251,99 @@ TEST(FormText, EveryTruncationOfABinaryFormFailsCleanlyWithItsOffset)
     }
 }
 
-TEST(FormText, CorruptedBinaryFormsNeverCrash)
+// Names are written bare, so a binary form holding one that text would read
+// differently, or not at all, cannot be written as text.
+TEST(FormText, NamesTextCannotHoldAreRefusedWithTheirOffset)
 {
-    std::string binary = FormTextToBinary("object Form1: TForm1\n  Caption = 'Hello'\n  Tag = 5\n"
-                                          "  object A: TPanel\n    Data = {00FF}\n  end\nend\n");
-    for (size_t i = 4; i < binary.size(); ++i)
-        for (int value : {0x00, 0x01, 0x0C, 0x12, 0x7F, 0xFF}) {
-            std::string damaged = binary;
-            damaged[i] = char(value);
-            try {
-                FormBinaryToText(damaged);
-            } catch (const Exception&) {
-                // a clear error is fine; a crash or a hang is not
-            }
+    auto ident = [](std::string_view name) {
+        return [name](TWriter& w) {
+            w.WriteValue(vaIdent);
+            w.WriteStr(name);
+        };
+    };
+    auto property = [](std::string_view name, std::function<void(TWriter&)> value) {
+        return [name, value](TWriter& w) {
+            w.WriteStr(name);
+            value(w);
+        };
+    };
+    auto set = [](std::string_view element) {
+        return [element](TWriter& w) {
+            w.WriteValue(vaSet);
+            w.WriteStr(element);
+            w.WriteStr("");
+        };
+    };
+    auto list = [](std::function<void(TWriter&)> item) {
+        return [item](TWriter& w) {
+            w.WriteListBegin();
+            item(w);
+            w.WriteListEnd();
+        };
+    };
+    struct Case {
+        const char* what;
+        std::function<void(TWriter&)> write;
+        const char* refusal;  // nullptr: written, and its text reads back the same
+    };
+    const Case cases[] = {
+        {"control characters in a property name", property("\x02n\x09", ident("a")), "Property name cannot be written as text"},
+        {"a property named as a keyword", property("End", ident("a")), "Property name cannot be written as text"},
+        {"a dotted name with an empty part", property("Font.", ident("a")), "Property name cannot be written as text"},
+        {"an empty identifier", property("P", ident("")), "Identifier cannot be written as text"},
+        {"an identifier with a blank", property("P", ident("a b")), "Identifier cannot be written as text"},
+        {"an identifier Null in a list", property("P", list(ident("null"))), "Null cannot be an item of a list"},
+        {"a set element with a blank", property("P", set("fs Bold")), "Set element cannot be written as text"},
+        {"a dotted property name", property("Font.Name", ident("a")), nullptr},
+        {"a component reference", property("P", ident("Form1.Button1")), nullptr},
+        {"letters above 127", property("Ünïcode", ident("ñ")), nullptr},
+        {"a set element by number", property("P", set("7")), nullptr},
+        {"an identifier Null outside a list", property("P", ident("Null")), nullptr},
+    };
+    for (const Case& c : cases) {
+        const std::string binary = MakeForm(c.write);
+        if (!c.refusal) {
+            EXPECT_EQ(QzFormOracle::BinaryFormFault(binary), "") << c.what;
+            continue;
         }
+        try {
+            FormBinaryToText(binary);
+            ADD_FAILURE() << "written: " << c.what;
+        } catch (const EReadError& e) {
+            EXPECT_EQ(e.Message().rfind(std::string(c.refusal) + " at offset ", 0), 0u) << c.what << ": " << e.Message();
+        }
+    }
+}
+
+TEST(FormText, DamagedBinaryFormsAreReadWholeOrRefusedWithTheirOffset)
+{
+    const std::string binary = FormTextToBinary(
+        "object Form1: TForm1\n  Caption = 'Hello'\n  Tag = 5\n  Font.Style = [fsBold]\n  Items = (\n    1\n    alTop)\n"
+        "  object A: TPanel\n    Data = {00FF}\n    Columns = <\n      item\n        W = 1.5\n      end>\n  end\nend\n");
+    for (size_t i = 4; i < binary.size(); ++i)
+        for (char value : {'\x00', '\x01', '\x02', '\x07', '\x0C', '\x12', '\x7F', '\xFF'}) {
+            std::string damaged = binary;
+            damaged[i] = value;
+            EXPECT_EQ(QzFormOracle::BinaryFormFault(damaged), "") << "damaged at " << i;
+        }
+}
+
+// What the fuzzers found once, and the forms they start from, keep to the
+// rules they check.
+TEST(FormText, FuzzSeedsAndFindingsKeepTheRoundTripRules)
+{
+    namespace fs = std::filesystem;
+    size_t files = 0;
+    for (const char* kind : {"text", "binary"})
+        for (const auto& entry : fs::directory_iterator(fs::path(QZ_SOURCE_DIR) / "fuzz" / "seeds" / kind)) {
+            std::ifstream in(entry.path(), std::ios::binary);
+            const std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+            const std::string fault = std::string(kind) == "text" ? QzFormOracle::TextFormFault(bytes)
+                                                                  : QzFormOracle::BinaryFormFault(bytes);
+            EXPECT_EQ(fault, "") << entry.path();
+            ++files;
+        }
+    EXPECT_GE(files, 4u);
 }
 
 TEST(FormText, FormatsAreRecognisedFromTheirFirstBytes)
