@@ -12,7 +12,7 @@
 #include "runtime/components/Forms.h"
 
 #include "designide/DesignEditors.h"
-#include "vcl/QzDialogs.h"
+#include "vcl/QzReportErrors.h"
 
 #include "rtl/ComponentStream.h"
 #include "rtl/SysUtils.h"
@@ -433,13 +433,7 @@ int TQzDesignSurface::HandleAt(const QPoint& pos) const
 
 bool TQzDesignSurface::Run(const QString& text, const std::function<void()>& change)
 {
-    try {
-        FDesigner->Change(text, change);
-        return true;
-    } catch (const Exception& e) {
-        QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
-        return false;
-    }
+    return QzRunReportingErrors(this, [&] { FDesigner->Change(text, change); });
 }
 
 TComponent* TQzDesignSurface::PlaceComponent(TMetaClass* cls, const QPoint& pos)

@@ -6,6 +6,7 @@
 #include "ide/QzIdeDesigner.h"
 
 #include "vcl/QzDialogs.h"
+#include "vcl/QzReportErrors.h"
 
 #include "runtime/components/Controls.h"
 #include "runtime/components/QzPages.h"
@@ -57,6 +58,8 @@ bool StartsAsFormText(std::string_view text)
         return false;
     }
 }
+
+const AnsiString CannotPaste = "The components on the clipboard cannot be pasted: ";
 
 void Report(const AnsiString& text, QWidget* parent)
 {
@@ -130,12 +133,9 @@ bool QzCopySelection(TIdeDesigner& designer, QWidget* parent)
     if (copied.empty() || !clipboard)
         return false;
     std::string text;
-    try {
-        text = QzCopyText(designer, copied);
-    } catch (const Exception& e) {
-        Report("The components cannot be copied: " + e.Message(), parent);
+    if (!QzRunReportingErrors(parent, [&] { text = QzCopyText(designer, copied); },
+                              "The components cannot be copied: "))
         return false;
-    }
     auto* data = new QMimeData;
     data->setText(QString::fromStdString(text));
     data->setData(QzComponentsMimeType, QByteArray::fromStdString(text));
@@ -173,7 +173,7 @@ std::vector<TComponent*> QzPasteText(TIdeDesigner& designer, const std::string& 
             Report("The clipboard holds no components to paste.", parent);
             return {};
         }
-        Report("The components on the clipboard cannot be pasted: " + e.Message(), parent);
+        Report(CannotPaste + e.Message(), parent);
         return {};
     }
     if (pasted.empty()) {
@@ -187,18 +187,20 @@ std::vector<TComponent*> QzPasteText(TIdeDesigner& designer, const std::string& 
         return {};
     }
     TQzPasteResult result;
-    try {
-        result = QzPasteIntoForm(root, designer.Snapshot(), container, std::move(pasted));
-        // Reading the form again replaces every component, root included.
-        designer.Change(PasteLabel(result.Names), [&] {
-            designer.Restore(result.Form);
-            GiveSheetsTabs(designer.GetRoot(), result.Names);
-            AlignPasted(designer.GetRoot(), result.Names);
-        });
-    } catch (const Exception& e) {
-        Report("The components on the clipboard cannot be pasted: " + e.Message(), parent);
+    const bool pastedWell = QzRunReportingErrors(
+        parent,
+        [&] {
+            result = QzPasteIntoForm(root, designer.Snapshot(), container, std::move(pasted));
+            // Reading the form again replaces every component, root included.
+            designer.Change(PasteLabel(result.Names), [&] {
+                designer.Restore(result.Form);
+                GiveSheetsTabs(designer.GetRoot(), result.Names);
+                AlignPasted(designer.GetRoot(), result.Names);
+            });
+        },
+        CannotPaste);
+    if (!pastedWell)
         return {};
-    }
     std::vector<TComponent*> components;
     TDesignerSelections selections;
     for (const AnsiString& name : result.Names)

@@ -2,7 +2,7 @@
 
 #include "ide/QzIdeDesigner.h"
 
-#include "vcl/QzDialogs.h"
+#include "vcl/QzReportErrors.h"
 
 #include "rtl/SysUtils.h"
 
@@ -401,15 +401,7 @@ TQzInspector::TQzInspector(QWidget* parent)
         FEvents->SetFilter(text);
     });
     const auto runner = [this](const QString& text, const std::function<void()>& change) {
-        if (!FDesigner)
-            return false;
-        try {
-            FDesigner->Change(text, change);
-            return true;
-        } catch (const Exception& e) {
-            QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
-            return false;
-        }
+        return FDesigner && QzRunReportingErrors(this, [&] { FDesigner->Change(text, change); });
     };
     FProperties->SetChangeRunner(runner);
     FEvents->SetChangeRunner(runner);

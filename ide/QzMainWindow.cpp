@@ -9,6 +9,7 @@
 #include "ide/QzPalette.h"
 
 #include "vcl/QzDialogs.h"
+#include "vcl/QzReportErrors.h"
 
 #include "rtl/ComponentStream.h"
 #include "rtl/SysUtils.h"
@@ -166,12 +167,8 @@ bool TQzMainWindow::OpenProject(const QString& path)
 {
     if (!CloseProject())
         return false;
-    try {
-        FProject = std::make_unique<TIdeProject>(path.toStdString());
-    } catch (const Exception& e) {
-        QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+    if (!QzRunReportingErrors(this, [&] { FProject = std::make_unique<TIdeProject>(path.toStdString()); }))
         return false;
-    }
     // Only the names now: a form is read when it is first shown.
     for (int i = 0; i < FProject->FormCount(); ++i)
         FForms->addItem(Q(FProject->FormTitle(i)));
@@ -219,15 +216,8 @@ TIdeDesigner* TQzMainWindow::ShowForm(int index)
     if (!FProject || index < 0 || index >= FProject->FormCount())
         return nullptr;
     TIdeDesigner* designer = FProject->Designer(index);
-    if (!designer) {
-        try {
-            designer = FProject->Open(index);
-        } catch (const Exception& e) {
-            QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
-            ShowStatus(Q(e.Message()));
-            return nullptr;
-        }
-    }
+    if (!designer && !QzRunReportingErrors(this, [&] { designer = FProject->Open(index); }))
+        return nullptr;
     if (FSurfaces.count(designer) == 0) {
         auto* surface = new TQzDesignSurface(designer);
         surface->PendingClass = [this] { return FPalette->SelectedClass(); };
@@ -260,13 +250,7 @@ bool TQzMainWindow::AskToSave(TIdeDesigner* designer)
     const AnsiString text = "Save changes to " + ExtractFileName(designer->FileName()) + "?";
     switch (QzMessage(text, mtConfirmation, mbYesNoCancel, mbYes, this)) {
     case mrYes:
-        try {
-            designer->Save();
-        } catch (const Exception& e) {
-            QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
-            return false;
-        }
-        return true;
+        return QzRunReportingErrors(this, [designer] { designer->Save(); });
     case mrNo:
         return true;
     default:
@@ -302,12 +286,8 @@ bool TQzMainWindow::SaveCurrent()
     TIdeDesigner* d = CurrentDesigner();
     if (!d)
         return false;
-    try {
-        d->Save();
-    } catch (const Exception& e) {
-        QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+    if (!QzRunReportingErrors(this, [d] { d->Save(); }))
         return false;
-    }
     ShowStatus(tr("Saved %1").arg(Q(d->FileName())));
     return true;
 }
@@ -316,15 +296,12 @@ int TQzMainWindow::SaveAll()
 {
     if (!FProject)
         return 0;
-    try {
-        const int saved = FProject->SaveAll();
-        ShowStatus(tr("Saved %1 forms").arg(saved));
-        UpdateTitles();
-        return saved;
-    } catch (const Exception& e) {
-        QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+    int saved = 0;
+    if (!QzRunReportingErrors(this, [&] { saved = FProject->SaveAll(); }))
         return 0;
-    }
+    ShowStatus(tr("Saved %1 forms").arg(saved));
+    UpdateTitles();
+    return saved;
 }
 
 TIdeDesigner* TQzMainWindow::CurrentDesigner() const
