@@ -9,8 +9,11 @@
 
 class TQzPkgSetup;
 
-// The actions that have a shortcut, in the order they are stored.
-enum TQzSetupAction {
+// The actions that have a shortcut, in the order they are stored. The type
+// is fixed so that any int converts to it and a range check on it keeps
+// its meaning (an unfixed enumeration holds only 0..15, and a compiler
+// may drop the check as always false).
+enum TQzSetupAction : int {
     saAppendRecord,
     saBtnCalculator,
     saBtnCalendar,

@@ -37,7 +37,7 @@ AnsiString QzAccessText(TQzAccess access);
 enum TQzBackGroundStyle { bgSolid, bgGradientHor, bgGradientVer, bgImage, bgImageTile };
 const TTypeInfo* TypeInfo_TQzBackGroundStyle();
 
-enum TQzDateFormat { dfDMY, dfMDY, dfYMD };
+enum TQzDateFormat : int { dfDMY, dfMDY, dfYMD };
 const TTypeInfo* TypeInfo_TQzDateFormat();
 
 // How a two-digit year is completed: always 19yy/20yy by a fixed century,
@@ -49,7 +49,7 @@ const TTypeInfo* TypeInfo_TQzDateYear();
 enum TQzCurrencyFormat { cfBefore, cfAfter, cfBeforeSpace, cfAfterSpace };
 const TTypeInfo* TypeInfo_TQzCurrencyFormat();
 
-enum TQzDataBaseEngine { deGeneric, deInterBase, deMSSQL, deOracle, deMySQL, dePostgreSQL, deSQLite };
+enum TQzDataBaseEngine : int { deGeneric, deInterBase, deMSSQL, deOracle, deMySQL, dePostgreSQL, deSQLite };
 const TTypeInfo* TypeInfo_TQzDataBaseEngine();
 
 // The data type of an edit's mask (value 5: none).
