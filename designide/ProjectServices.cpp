@@ -77,27 +77,32 @@ TStreamOriginalFormat FormatOfBytes(std::string_view bytes)
     return bytes.substr(0, 3) == Utf8Bom ? sofUTF8Text : sofText;
 }
 
-// The form file's text and stored format; resource and binary forms are
-// converted, text is taken as it stands.
-std::string FileFormText(const AnsiString& file, TStreamOriginalFormat& format)
+// The form's text as the stored bytes give it; resource and binary forms
+// are converted, text is taken as it stands.
+std::string StoredFormText(const std::string& bytes, const TFormStorage& storage)
 {
-    const std::string bytes = ReadFileBytes(file);
-    format = FormatOfBytes(bytes);
+    switch (storage.Format) {
+    case TFormFormat::Resource:
+        return FormResourceToText(bytes, storage.Options);
+    case TFormFormat::Binary:
+        return FormBinaryToText(bytes, storage.Options);
+    case TFormFormat::Text:
+    case TFormFormat::Unknown:
+        break;
+    }
+    return bytes.substr(0, 3) == Utf8Bom ? bytes.substr(3) : bytes;
+}
+
+// Runs a conversion of file's form, naming the file in what it raises.
+template <class F>
+auto ForFile(const AnsiString& file, F convert)
+{
     try {
-        switch (DetectFormFormat(bytes)) {
-        case TFormFormat::Resource:
-            return FormResourceToText(bytes, DetectFormTextOptions(bytes));
-        case TFormFormat::Binary:
-            return FormBinaryToText(bytes, DetectFormTextOptions(bytes));
-        case TFormFormat::Text:
-        case TFormFormat::Unknown:
-            break;
-        }
+        return convert();
     } catch (Exception& e) {
         e.SetMessage(file + ": " + e.Message());
         throw;
     }
-    return format == sofUTF8Text ? bytes.substr(3) : bytes;
 }
 
 }  // namespace
@@ -123,6 +128,20 @@ AnsiString ResolvePathCaseInsensitive(const AnsiString& dir, const AnsiString& p
         current = IncludeTrailingPathDelimiter(current) + (found.empty() ? part : found);
     }
     return current;
+}
+
+std::string TFormStorage::Encode(const std::string& text) const
+{
+    switch (Format) {
+    case TFormFormat::Binary:
+        return FormTextToBinary(text, Options);
+    case TFormFormat::Resource:
+        return FormTextToResource(text, Options);
+    case TFormFormat::Text:
+    case TFormFormat::Unknown:
+        break;
+    }
+    return text;
 }
 
 // ---------------------------------------------------------------------------
@@ -309,19 +328,31 @@ AnsiString TFolderProject::FindFormFile(const AnsiString& formFileName) const
 bool TFolderProject::ReadFormText(const AnsiString& formFileName, TStrings& lines, TStreamOriginalFormat& format)
 {
     const AnsiString file = FindFormFile(formFileName);
-    if (IDesigner* designer = FDesigners->FindDesigner(file.empty() ? Absolute(formFileName) : file)) {
+    const AnsiString name = file.empty() ? Absolute(formFileName) : file;
+    const std::string stored = file.empty() ? std::string() : ReadFileBytes(file);
+    TFormStorage storage = TFormStorage::Of(stored);
+    if (IDesigner* designer = FDesigners->FindDesigner(name)) {
         auto* headless = dynamic_cast<TFormDesigner*>(designer);
-        std::string stored;
-        if (!file.empty())
-            stored = ReadFileBytes(file);
+        if (headless)
+            storage = {headless->StoredFormat(), headless->TextOptions()};
         format = !file.empty() ? FormatOfBytes(stored) : headless ? headless->OriginalFormat() : sofText;
-        LoadLines(lines, headless ? headless->FormText() : ::WriteFormText(designer->GetRoot(), DetectFormTextOptions(stored)));
-        return true;
-    }
-    if (file.empty())
+        LoadLines(lines, headless ? headless->FormText() : ::WriteFormText(designer->GetRoot(), storage.Options));
+    } else if (file.empty()) {
         return false;
-    LoadLines(lines, FileFormText(file, format));
+    } else {
+        format = FormatOfBytes(stored);
+        LoadLines(lines, ForFile(file, [&] { return StoredFormText(stored, storage); }));
+    }
+    FReadForms[LowerCase(name)] = storage;
     return true;
+}
+
+TFormStorage TFolderProject::StorageForWriting(const AnsiString& file) const
+{
+    const auto read = FReadForms.find(LowerCase(file));
+    if (read != FReadForms.end())
+        return read->second;
+    return FileExists(file) ? TFormStorage::Of(ReadFileBytes(file)) : TFormStorage{};
 }
 
 void TFolderProject::WriteFormText(const TStrings& lines, const AnsiString& formFileName, TStreamOriginalFormat format)
@@ -331,13 +362,11 @@ void TFolderProject::WriteFormText(const TStrings& lines, const AnsiString& form
     const std::string text = lines.Text();
     std::string bytes;
     if (format == sofBinary) {
+        TFormStorage storage = StorageForWriting(target);
+        if (storage.Format != TFormFormat::Binary)
+            storage.Format = TFormFormat::Resource;
         // Converted before anything is written, so bad text leaves the file alone.
-        try {
-            bytes = FormTextToResource(text);
-        } catch (Exception& e) {
-            e.SetMessage(target + ": " + e.Message());
-            throw;
-        }
+        bytes = ForFile(target, [&] { return storage.Encode(text); });
     } else {
         bytes = format == sofUTF8Text ? Utf8Bom + text : text;
     }

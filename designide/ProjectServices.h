@@ -25,6 +25,17 @@ struct TProjectModule {
     AnsiString FormFileName() const { return ChangeFileExt(FileName, ".dfm"); }
 };
 
+// How a form file is stored: its framing, and the options that give its
+// bytes back from its text.
+struct TFormStorage {
+    TFormFormat Format = TFormFormat::Resource;
+    TFormTextOptions Options;
+
+    static TFormStorage Of(std::string_view bytes) { return {DetectFormFormat(bytes), DetectFormTextOptions(bytes)}; }
+    // text in this storage's format (text stays as it is).
+    std::string Encode(const std::string& text) const;
+};
+
 // The designers that have forms open: the host's windows, or the
 // headless designers below.
 class IOpenDesigners {
@@ -76,8 +87,10 @@ public:
     // The form as text lines and the format it is stored in; false when
     // there is neither an open designer nor a form file.
     virtual bool ReadFormText(const AnsiString& formFileName, TStrings& lines, TStreamOriginalFormat& format) = 0;
-    // Writes lines to the form file: as a compiled resource when format is
-    // binary, else as text; keeps the previous file as Name.~dfm.
+    // Writes lines to the form file: binary when format is, else text;
+    // keeps the previous file as Name.~dfm. A binary form keeps the framing
+    // (bare or resource) and the options it was read with, so a form
+    // written back unchanged is the file it was.
     virtual void WriteFormText(const TStrings& lines, const AnsiString& formFileName, TStreamOriginalFormat format) = 0;
     // The form's root as open in a designer, opening it when needed;
     // nullptr when no module of the project has that form.
@@ -119,6 +132,8 @@ public:
     AnsiString FindFormFile(const AnsiString& formFileName) const;
 
 private:
+    TFormStorage StorageForWriting(const AnsiString& file) const;
+
     void LoadProjectFile();
     void ScanFolder(const AnsiString& dir);
     AnsiString Absolute(const AnsiString& fileName) const;
@@ -129,6 +144,8 @@ private:
     std::vector<TProjectModule> FModules;
     THeadlessDesigners FHeadless;
     IOpenDesigners* FDesigners = &FHeadless;
+    // How each form was stored when it was last read, by lower-case file name.
+    std::map<AnsiString, TFormStorage> FReadForms;
 };
 
 // path resolved against dir one part at a time, each part matched without

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <map>
 
 namespace fs = std::filesystem;
 
@@ -267,6 +268,71 @@ TEST(ProjectServices, ProjectFilesOfBothGenerationsListTheirUnits)
             EXPECT_EQ(e.Message().rfind("Bad.bpr: line ", 0), 0u) << e.Message();
             EXPECT_GE(e.Line(), 2) << e.Message();
         }
+    }
+}
+
+// Every binary form of the corpus that converts to text and back exactly
+// reads through the project as text and, written back unchanged, is the
+// file it was, strings and floats as they were: as its resource, and as the
+// bare binary stream inside it.
+TEST(ProjectServices, BinaryFormsWrittenBackUnchangedAreTheFilesTheyWere)
+{
+    TTempFolder folder;
+    const std::string name = folder / "Form.dfm";
+    folder.Write("Form.dfm", "object Form: TForm\r\nend\r\n");
+    TFolderProject project(folder.Path());
+    const auto writtenBackUnchanged = [&](const std::string& original) {
+        folder.Write("Form.dfm", original);
+        TStringList lines;
+        TStreamOriginalFormat stored = sofUnknown;
+        if (!project.ReadFormText(name, lines, stored) || stored != sofBinary)
+            return false;
+        project.WriteFormText(lines, name, stored);
+        return ReadFileBytes(name) == original;
+    };
+    int checked = 0;
+    for (const TCorpusFile& file : CorpusFiles()) {
+        const std::string resource = ReadCorpusFile(file);
+        if (DetectFormFormat(resource) != TFormFormat::Resource)
+            continue;
+        const TFormTextOptions options = DetectFormTextOptions(resource);
+        const std::string binary(FormResourceBody(resource));
+        try {
+            if (FormTextToBinary(FormToText(binary, options), options) != binary)
+                continue;
+        } catch (const Exception&) {
+            continue;   // the conversion itself does not carry it
+        }
+        EXPECT_TRUE(writtenBackUnchanged(resource)) << file.Path;
+        EXPECT_TRUE(writtenBackUnchanged(binary)) << file.Path << " as a bare binary form";
+        ++checked;
+    }
+    if (checked == 0)
+        GTEST_SKIP() << "corpus not present";
+    EXPECT_GE(checked, 60);
+}
+
+// A form written back keeps the framing it was read in even when its text
+// changed, and one the project never read takes the framing of the file.
+TEST_F(ProjectFunctions, ChangedBinaryFormsKeepTheirFraming)
+{
+    struct TCase {
+        const char* File;
+        TFormFormat Framing;
+        bool ReadFirst;
+    };
+    for (const TCase& c : {TCase{"Unit3.dfm", TFormFormat::Binary, true}, TCase{"Unit3.dfm", TFormFormat::Binary, false},
+                           TCase{"forms/Unit2.dfm", TFormFormat::Resource, true}}) {
+        TStringList lines;
+        TStreamOriginalFormat format = sofUnknown;
+        if (c.ReadFirst) {
+            ASSERT_TRUE(ReadForm(c.File, lines, format));
+        }
+        lines.SetText("object Form3: TDtForm\r\n  Caption = 'Changed'\r\nend\r\n");
+        Project->WriteFormText(lines, Folder / c.File, sofBinary);
+        const std::string written = ReadFileBytes(Folder / c.File);
+        EXPECT_EQ(DetectFormFormat(written), c.Framing) << c.File;
+        EXPECT_EQ(FormToText(written), lines.Text()) << c.File;
     }
 }
 
