@@ -1,6 +1,7 @@
 #include "cli/ClassesCommand.h"
 
 #include "runtime/components/QzComponentsReg.h"
+#include "runtime/components/QzPalette.h"
 
 #include "rtl/SysUtils.h"
 #include "rtl/TypInfo.h"

@@ -11,18 +11,21 @@
 #include "designide/DesignIntf.h"
 #include "runtime/components/QzAddCtrls.h"
 #include "runtime/components/QzBars.h"
+#include "runtime/components/QzComponentsReg.h"
 #include "runtime/components/QzDbCtrls.h"
 #include "runtime/components/QzEditors.h"
 #include "runtime/components/QzExtCtrls.h"
 #include "runtime/components/QzForms.h"
 #include "runtime/components/QzMenus.h"
+#include "runtime/components/QzPalette.h"
 #include "runtime/components/QzPages.h"
 #include "runtime/components/QzStdCtrls.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzMask.h"
 
-#include <algorithm>
 #include <initializer_list>
+#include <utility>
+
 
 namespace {
 
@@ -30,47 +33,32 @@ namespace {
 // after page; each call gets the index of the page's last class.
 constexpr int PaletteBufferSize = 24;
 
-void RegisterPage(TMetaClass* (&buffer)[PaletteBufferSize], const AnsiString& page,
-                  std::initializer_list<TMetaClass*> classes)
+// The palette's classes are the runtime's, found by name, except the
+// ruler, which is this package's own.
+TMetaClass* PaletteClass(const AnsiString& name)
 {
-    QZ_ASSERT(classes.size() <= PaletteBufferSize, "palette page larger than its buffer");
-    std::copy(classes.begin(), classes.end(), buffer);
-    RegisterComponents(page, buffer, static_cast<int>(classes.size()) - 1);
+    if (SameText(name, ClassOf<TQzRuler>()->ClassName()))
+        return ClassOf<TQzRuler>();
+    TMetaClass* cls = GetClass(name);
+    QZ_ASSERT(cls != nullptr, "palette class not registered");
+    return cls;
 }
 
+// The pages as the runtime's palette table lists them.
 void RegisterPalette()
 {
-    TMetaClass* classes[PaletteBufferSize] = {};
-    RegisterPage(classes, "Qz Standard",
-                 {ClassOf<TQzCApplication>(), ClassOf<TQzCForm>(),        ClassOf<TQzMainMenu>(),
-                  ClassOf<TQzPopupMenu>(),    ClassOf<TQzLabel>(),        ClassOf<TQzEdit>(),
-                  ClassOf<TQzComboBox>(),     ClassOf<TQzListBox>(),      ClassOf<TQzMemo>(),
-                  ClassOf<TQzRichEdit>(),     ClassOf<TQzImage>(),        ClassOf<TQzFocusImage>(),
-                  ClassOf<TQzCheckBox>(),     ClassOf<TQzRadioButton>(),  ClassOf<TQzGroupBox>(),
-                  ClassOf<TQzRadioGroup>(),   ClassOf<TQzPanel>(),        ClassOf<TQzScrollBox>(),
-                  ClassOf<TQzPageControl>(),  ClassOf<TQzBitBtn>(),       ClassOf<TQzSpeedButton>(),
-                  ClassOf<TQzPkgImage>(),     ClassOf<TQzShape>(),        ClassOf<TQzUpDown>()});
-    RegisterPage(classes, "Qz Additional",
-                 {ClassOf<TQzPkgImages>(),     ClassOf<TQzPkgStrings>(),  ClassOf<TQzPkgVars>(),
-                  ClassOf<TQzMemoBar>(),       ClassOf<TQzRichEditBar>(), ClassOf<TQzImageBar>(),
-                  ClassOf<TQzStatusBar>(),     ClassOf<TQzSplitter>(),    ClassOf<TQzProgressBar>(),
-                  ClassOf<TQzTimer>(),         ClassOf<TQzThreadTimer>(), ClassOf<TQzImageForm>(),
-                  ClassOf<TQzMoveForm>(),      ClassOf<TQzPanelMenu>(),   ClassOf<TQzOutLookBar>(),
-                  ClassOf<TQzPkgPrivileges>(), ClassOf<TQzLBPrivileges>(), ClassOf<TQzSetsGroup>(),
-                  ClassOf<TQzRuler>(),         ClassOf<TQzCBuffer>(),     ClassOf<TQzFontComboBox>(),
-                  ClassOf<TQzFontListBox>(),   ClassOf<TQzExtScrollBar>(), ClassOf<TQzCFrame>()});
-    RegisterPage(classes, "Qz Data Controls",
-                 {ClassOf<TQzDbLabel>(),       ClassOf<TQzDbEdit>(),         ClassOf<TQzDbComboBox>(),
-                  ClassOf<TQzDbListBox>(),     ClassOf<TQzDbMemo>(),         ClassOf<TQzDbRichEdit>(),
-                  ClassOf<TQzDbImage>(),       ClassOf<TQzDbFocusImage>(),   ClassOf<TQzDbCheckBox>(),
-                  ClassOf<TQzDbRadioGroup>(),  ClassOf<TQzDbPageControl>(),  ClassOf<TQzDbNavigator>(),
-                  ClassOf<TQzDbBitBtn>(),      ClassOf<TQzDbSpeedButton>(),  ClassOf<TQzDbPkgImage>()});
-    RegisterPage(classes, "Qz Editors",
-                 {ClassOf<TQzLBSetsColor>(),      ClassOf<TQzCBSetsColor>(),  ClassOf<TQzLBSetsBackGround>(),
-                  ClassOf<TQzCBSetsBackGround>(), ClassOf<TQzLBSetsFont>(),   ClassOf<TQzCBSetsFont>(),
-                  ClassOf<TQzLBPkgImages>(),      ClassOf<TQzCBPkgImages>(),  ClassOf<TQzLBColors>(),
-                  ClassOf<TQzCBColors>(),         ClassOf<TQzCBPrinters>(),   ClassOf<TQzPkgImagesAdd>(),
-                  ClassOf<TQzPkgImagesDesignRgn>()});
+    RegisterQzComponentClasses();
+    TMetaClass* buffer[PaletteBufferSize] = {};
+    for (const AnsiString& page : QzPalettePages()) {
+        int count = 0;
+        for (const TQzPaletteEntry& entry : QzPaletteClasses()) {
+            if (entry.Page != page)
+                continue;
+            QZ_ASSERT(count < PaletteBufferSize, "palette page larger than its buffer");
+            buffer[count++] = PaletteClass(entry.ClassName);
+        }
+        RegisterComponents(page, buffer, count - 1);
+    }
 }
 
 template <class T>

@@ -1,6 +1,6 @@
 #include "runtime/components/QzPaletteBitmaps.h"
 
-#include "runtime/components/QzComponentsReg.h"
+#include "runtime/components/QzPalette.h"
 
 #include "rtl/SysUtils.h"
 
@@ -10,121 +10,12 @@
 #include <QPolygon>
 
 #include <array>
+#include <vector>
 #include <cstring>
 
 namespace {
 
-// What the small picture above the letters shows.
-enum class TGlyph {
-    Application, Form, Frame, MenuBar, PopupMenu, Text, Edit, Combo, List, Memo, Image, Check, Radio, Group,
-    Panel, ScrollBox, Tabs, Button, SpeedButton, Shape, UpDown, Package, ToolBar, StatusBar, Splitter, Progress,
-    Clock, Outlook, Ruler, Buffer, ScrollBar, Navigator,
-};
-
-struct TPicture {
-    const char* ClassName;
-    TGlyph Glyph;
-    const char* Letters;
-};
-
-// Within a page the letters differ; the pages differ by colour.
-constexpr TPicture Pictures[] = {
-    {"TQzCApplication", TGlyph::Application, "APP"},
-    {"TQzCForm", TGlyph::Form, "FRM"},
-    {"TQzMainMenu", TGlyph::MenuBar, "MM"},
-    {"TQzPopupMenu", TGlyph::PopupMenu, "PM"},
-    {"TQzLabel", TGlyph::Text, "LBL"},
-    {"TQzEdit", TGlyph::Edit, "ED"},
-    {"TQzComboBox", TGlyph::Combo, "CB"},
-    {"TQzListBox", TGlyph::List, "LB"},
-    {"TQzMemo", TGlyph::Memo, "MEM"},
-    {"TQzRichEdit", TGlyph::Memo, "RE"},
-    {"TQzImage", TGlyph::Image, "IMG"},
-    {"TQzFocusImage", TGlyph::Image, "FI"},
-    {"TQzCheckBox", TGlyph::Check, "CHK"},
-    {"TQzRadioButton", TGlyph::Radio, "RB"},
-    {"TQzGroupBox", TGlyph::Group, "GB"},
-    {"TQzRadioGroup", TGlyph::Radio, "RG"},
-    {"TQzPanel", TGlyph::Panel, "PNL"},
-    {"TQzScrollBox", TGlyph::ScrollBox, "SB"},
-    {"TQzPageControl", TGlyph::Tabs, "PC"},
-    {"TQzBitBtn", TGlyph::Button, "BTN"},
-    {"TQzSpeedButton", TGlyph::SpeedButton, "SPB"},
-    {"TQzPkgImage", TGlyph::Image, "PI"},
-    {"TQzShape", TGlyph::Shape, "SHP"},
-    {"TQzUpDown", TGlyph::UpDown, "UD"},
-    {"TQzPkgImages", TGlyph::Package, "PKI"},
-    {"TQzPkgStrings", TGlyph::Package, "PKS"},
-    {"TQzPkgVars", TGlyph::Package, "PKV"},
-    {"TQzMemoBar", TGlyph::ToolBar, "MB"},
-    {"TQzRichEditBar", TGlyph::ToolBar, "REB"},
-    {"TQzImageBar", TGlyph::ToolBar, "IB"},
-    {"TQzStatusBar", TGlyph::StatusBar, "STB"},
-    {"TQzSplitter", TGlyph::Splitter, "SPL"},
-    {"TQzProgressBar", TGlyph::Progress, "PRG"},
-    {"TQzTimer", TGlyph::Clock, "TMR"},
-    {"TQzThreadTimer", TGlyph::Clock, "TT"},
-    {"TQzImageForm", TGlyph::Form, "IF"},
-    {"TQzMoveForm", TGlyph::Form, "MF"},
-    {"TQzPanelMenu", TGlyph::MenuBar, "PMN"},
-    {"TQzOutLookBar", TGlyph::Outlook, "OLB"},
-    {"TQzPkgPrivileges", TGlyph::Package, "PKP"},
-    {"TQzLBPrivileges", TGlyph::List, "LBP"},
-    {"TQzSetsGroup", TGlyph::Group, "SG"},
-    {"TQzRuler", TGlyph::Ruler, "RUL"},
-    {"TQzCBuffer", TGlyph::Buffer, "BUF"},
-    {"TQzFontComboBox", TGlyph::Combo, "FCB"},
-    {"TQzFontListBox", TGlyph::List, "FLB"},
-    {"TQzExtScrollBar", TGlyph::ScrollBar, "ESB"},
-    {"TQzCFrame", TGlyph::Frame, "FRA"},
-    {"TQzDbLabel", TGlyph::Text, "LBL"},
-    {"TQzDbEdit", TGlyph::Edit, "ED"},
-    {"TQzDbComboBox", TGlyph::Combo, "CB"},
-    {"TQzDbListBox", TGlyph::List, "LB"},
-    {"TQzDbMemo", TGlyph::Memo, "MEM"},
-    {"TQzDbRichEdit", TGlyph::Memo, "RE"},
-    {"TQzDbImage", TGlyph::Image, "IMG"},
-    {"TQzDbFocusImage", TGlyph::Image, "FI"},
-    {"TQzDbCheckBox", TGlyph::Check, "CHK"},
-    {"TQzDbRadioGroup", TGlyph::Radio, "RG"},
-    {"TQzDbPageControl", TGlyph::Tabs, "PC"},
-    {"TQzDbNavigator", TGlyph::Navigator, "NAV"},
-    {"TQzDbBitBtn", TGlyph::Button, "BTN"},
-    {"TQzDbSpeedButton", TGlyph::SpeedButton, "SPB"},
-    {"TQzDbPkgImage", TGlyph::Image, "PI"},
-    {"TQzLBSetsColor", TGlyph::List, "LSC"},
-    {"TQzCBSetsColor", TGlyph::Combo, "CSC"},
-    {"TQzLBSetsBackGround", TGlyph::List, "LSB"},
-    {"TQzCBSetsBackGround", TGlyph::Combo, "CSB"},
-    {"TQzLBSetsFont", TGlyph::List, "LSF"},
-    {"TQzCBSetsFont", TGlyph::Combo, "CSF"},
-    {"TQzLBPkgImages", TGlyph::List, "LPI"},
-    {"TQzCBPkgImages", TGlyph::Combo, "CPI"},
-    {"TQzLBColors", TGlyph::List, "LCL"},
-    {"TQzCBColors", TGlyph::Combo, "CCL"},
-    {"TQzCBPrinters", TGlyph::Combo, "PRN"},
-    {"TQzPkgImagesAdd", TGlyph::Package, "ADD"},
-    {"TQzPkgImagesDesignRgn", TGlyph::Shape, "RGN"},
-};
-
-const TPicture* FindPicture(const AnsiString& className)
-{
-    for (const TPicture& picture : Pictures)
-        if (SameText(picture.ClassName, className))
-            return &picture;
-    return nullptr;
-}
-
-QColor PageColor(const AnsiString& page)
-{
-    if (page == "Qz Standard")
-        return QColor(0x2F, 0x5F, 0x9F);
-    if (page == "Qz Additional")
-        return QColor(0x2E, 0x7D, 0x32);
-    if (page == "Qz Data Controls")
-        return QColor(0xB3, 0x5A, 0x00);
-    return QColor(0x6A, 0x3D, 0x9A);
-}
+using TGlyph = TQzPaletteGlyph;
 
 // ---- Letters -------------------------------------------------------------------
 
@@ -163,211 +54,161 @@ void DrawLetters(QImage& image, const char* letters, int top, QRgb color, QRgb s
 
 // ---- Pictures ------------------------------------------------------------------
 
-// Draws in the 18x10 box at (3, 3) in light on the page colour; dark marks
-// details on light parts.
+// A glyph is drawn stroke by stroke in the 18x10 box at (3, 3), in light on
+// the page colour; dark marks details on light parts.
+enum class TOp {
+    Rect,         // outline x y w h
+    DashedRect,   // outline x y w h, dashed
+    Fill,         // x y w h
+    Line,         // x1 y1 x2 y2
+    Point,        // x y
+    Lines,        // x y count length: lines of text, every other one shorter
+    Triangle,     // three points, filled
+    Quad,         // four points, filled
+    Circle,       // centre x y, radii x y; smoothed outline
+    Disc,         // centre x y, radii x y; smoothed and filled
+};
+
+enum TInk { Light, Dark };
+
+struct TStroke {
+    TOp Op;
+    TInk Ink;
+    std::array<double, 8> V;
+};
+
+struct TGlyphStrokes {
+    TGlyph Glyph;
+    std::vector<TStroke> Strokes;
+};
+
+const std::vector<TGlyphStrokes>& GlyphStrokes()
+{
+    using O = TOp;
+    static const std::vector<TGlyphStrokes> glyphs = {
+        {TGlyph::Application, {{O::Rect, Light, {4, 3, 15, 9}}, {O::Fill, Light, {4, 3, 16, 3}},
+                               {O::Fill, Light, {10, 8, 4, 3}}}},
+        {TGlyph::Form, {{O::Rect, Light, {4, 3, 15, 9}}, {O::Fill, Light, {4, 3, 16, 3}}, {O::Fill, Light, {7, 8, 2, 2}},
+                        {O::Fill, Light, {11, 8, 2, 2}}, {O::Fill, Light, {15, 8, 2, 2}}}},
+        {TGlyph::Frame, {{O::DashedRect, Light, {4, 3, 15, 9}}}},
+        {TGlyph::MenuBar, {{O::Fill, Light, {3, 3, 18, 3}}, {O::Rect, Light, {5, 6, 9, 6}}, {O::Lines, Light, {7, 8, 2, 5}}}},
+        {TGlyph::PopupMenu, {{O::Rect, Light, {6, 3, 12, 9}}, {O::Lines, Light, {8, 5, 3, 8}}}},
+        {TGlyph::Text, {{O::Lines, Light, {4, 4, 4, 16}}}},
+        {TGlyph::Edit, {{O::Rect, Light, {3, 4, 17, 7}}, {O::Line, Light, {6, 6, 6, 9}}}},
+        {TGlyph::Combo, {{O::Rect, Light, {3, 4, 17, 7}}, {O::Fill, Light, {15, 5, 5, 6}}, {O::Line, Dark, {16, 7, 18, 7}},
+                         {O::Point, Dark, {17, 8}}}},
+        {TGlyph::List, {{O::Rect, Light, {4, 3, 15, 9}}, {O::Fill, Light, {5, 4, 14, 2}}, {O::Lines, Light, {6, 7, 3, 11}}}},
+        {TGlyph::Memo, {{O::Rect, Light, {3, 3, 17, 9}}, {O::Fill, Light, {17, 4, 3, 8}}, {O::Lines, Light, {5, 5, 3, 10}}}},
+        {TGlyph::Image, {{O::Rect, Light, {4, 3, 15, 9}}, {O::Triangle, Light, {5, 11, 10, 6, 14, 11}},
+                         {O::Fill, Light, {15, 5, 2, 2}}}},
+        {TGlyph::Check, {{O::Rect, Light, {4, 4, 7, 7}}, {O::Line, Light, {6, 7, 7, 9}}, {O::Line, Light, {7, 9, 10, 5}},
+                         {O::Line, Light, {14, 8, 20, 8}}}},
+        {TGlyph::Radio, {{O::Circle, Light, {8, 8, 4, 4}}, {O::Disc, Light, {8, 8, 1.5, 1.5}},
+                         {O::Line, Light, {14, 8, 20, 8}}}},
+        {TGlyph::Group, {{O::Line, Light, {4, 4, 5, 4}}, {O::Line, Light, {12, 4, 19, 4}}, {O::Line, Light, {4, 4, 4, 12}},
+                         {O::Line, Light, {4, 12, 19, 12}}, {O::Line, Light, {19, 4, 19, 12}},
+                         {O::Lines, Light, {6, 3, 1, 5}}}},
+        {TGlyph::Panel, {{O::Fill, Light, {4, 3, 16, 10}}, {O::Line, Dark, {5, 11, 18, 11}}, {O::Line, Dark, {18, 4, 18, 11}}}},
+        {TGlyph::ScrollBox, {{O::Rect, Light, {4, 3, 15, 9}}, {O::Line, Light, {16, 3, 16, 12}},
+                             {O::Fill, Light, {17, 6, 2, 3}}}},
+        {TGlyph::Tabs, {{O::Fill, Light, {4, 3, 6, 3}}, {O::Rect, Light, {10, 4, 5, 2}}, {O::Rect, Light, {4, 6, 15, 6}}}},
+        {TGlyph::Button, {{O::Fill, Light, {4, 4, 16, 8}}, {O::Line, Dark, {5, 10, 18, 10}}, {O::Line, Dark, {18, 5, 18, 10}},
+                          {O::Line, Dark, {8, 7, 14, 7}}}},
+        {TGlyph::SpeedButton, {{O::Fill, Light, {8, 3, 9, 9}}, {O::Line, Dark, {9, 10, 15, 10}},
+                               {O::Line, Dark, {15, 4, 15, 10}}, {O::Fill, Dark, {11, 6, 2, 2}}}},
+        {TGlyph::Shape, {{O::Rect, Light, {4, 5, 7, 6}}, {O::Circle, Light, {15, 7.5, 4, 4}}}},
+        {TGlyph::UpDown, {{O::Triangle, Light, {8, 7, 12, 3, 16, 7}}, {O::Triangle, Light, {8, 9, 12, 13, 16, 9}}}},
+        {TGlyph::Package, {{O::Rect, Light, {5, 6, 10, 6}}, {O::Quad, Light, {5, 6, 8, 3, 18, 3, 15, 6}},
+                           {O::Line, Light, {18, 3, 18, 9}}, {O::Line, Light, {18, 9, 15, 12}}}},
+        {TGlyph::ToolBar, {{O::Rect, Light, {3, 4, 17, 7}}, {O::Fill, Light, {5, 6, 3, 4}}, {O::Fill, Light, {10, 6, 3, 4}},
+                           {O::Fill, Light, {15, 6, 3, 4}}}},
+        {TGlyph::StatusBar, {{O::Rect, Light, {3, 3, 17, 9}}, {O::Fill, Light, {3, 9, 18, 4}},
+                             {O::Line, Dark, {10, 10, 10, 12}}, {O::Line, Dark, {16, 10, 16, 12}}}},
+        {TGlyph::Splitter, {{O::Rect, Light, {3, 3, 7, 9}}, {O::Rect, Light, {13, 3, 7, 9}}, {O::Fill, Light, {11, 3, 2, 10}}}},
+        {TGlyph::Progress, {{O::Rect, Light, {3, 5, 17, 5}}, {O::Fill, Light, {4, 6, 10, 4}}}},
+        {TGlyph::Clock, {{O::Circle, Light, {12, 8, 5, 5}}, {O::Line, Light, {12, 8, 12, 5}},
+                         {O::Line, Light, {12, 8, 14, 8}}}},
+        {TGlyph::Outlook, {{O::Fill, Light, {4, 3, 16, 2}}, {O::Fill, Light, {4, 6, 16, 2}}, {O::Rect, Light, {4, 9, 15, 3}}}},
+        {TGlyph::Ruler, {{O::Rect, Light, {3, 6, 17, 5}}, {O::Line, Light, {5, 6, 5, 9}}, {O::Line, Light, {7, 6, 7, 8}},
+                         {O::Line, Light, {9, 6, 9, 9}}, {O::Line, Light, {11, 6, 11, 8}}, {O::Line, Light, {13, 6, 13, 9}},
+                         {O::Line, Light, {15, 6, 15, 8}}, {O::Line, Light, {17, 6, 17, 9}},
+                         {O::Line, Light, {19, 6, 19, 8}}}},
+        {TGlyph::Buffer, {{O::Rect, Light, {6, 4, 11, 9}}, {O::Fill, Light, {9, 3, 6, 3}}, {O::Lines, Light, {8, 8, 2, 7}}}},
+        {TGlyph::ScrollBar, {{O::Rect, Light, {3, 5, 17, 5}}, {O::Fill, Light, {3, 5, 4, 6}}, {O::Fill, Light, {17, 5, 4, 6}},
+                             {O::Fill, Light, {10, 6, 4, 4}}}},
+        {TGlyph::Navigator, {{O::Triangle, Light, {8, 4, 4, 8, 8, 12}}, {O::Triangle, Light, {15, 4, 19, 8, 15, 12}},
+                             {O::Fill, Light, {10, 6, 3, 5}}}},
+    };
+    return glyphs;
+}
+
+QPolygon Points(const TStroke& s, int count)
+{
+    QPolygon polygon;
+    for (size_t i = 0; i < size_t(count) * 2; i += 2)
+        polygon << QPoint(int(s.V[i]), int(s.V[i + 1]));
+    return polygon;
+}
+
+void DrawStroke(QPainter& p, const TStroke& s, const QColor& color)
+{
+    const auto v = [&s](size_t i) { return int(s.V[i]); };
+    p.setPen(color);
+    p.setBrush(Qt::NoBrush);
+    switch (s.Op) {
+    case TOp::Rect:
+        p.drawRect(v(0), v(1), v(2), v(3));
+        break;
+    case TOp::DashedRect:
+        p.setPen(QPen(color, 1, Qt::DashLine));
+        p.drawRect(v(0), v(1), v(2), v(3));
+        break;
+    case TOp::Fill:
+        p.fillRect(v(0), v(1), v(2), v(3), color);
+        break;
+    case TOp::Line:
+        p.drawLine(v(0), v(1), v(2), v(3));
+        break;
+    case TOp::Point:
+        p.drawPoint(v(0), v(1));
+        break;
+    case TOp::Lines:
+        for (int i = 0; i < v(2); ++i)
+            p.drawLine(v(0), v(1) + 2 * i, v(0) + v(3) - (i % 2) * 3, v(1) + 2 * i);
+        break;
+    case TOp::Triangle:
+    case TOp::Quad:
+        p.setBrush(color);
+        p.drawPolygon(Points(s, s.Op == TOp::Triangle ? 3 : 4));
+        break;
+    case TOp::Circle:
+    case TOp::Disc:
+        if (s.Op == TOp::Disc)
+            p.setBrush(color);
+        p.setRenderHint(QPainter::Antialiasing, true);
+        p.drawEllipse(QPointF(s.V[0], s.V[1]), s.V[2], s.V[3]);
+        p.setRenderHint(QPainter::Antialiasing, false);
+        break;
+    }
+}
+
 void DrawGlyph(QPainter& p, TGlyph glyph, const QColor& dark)
 {
     const QColor light(255, 255, 255);
-    p.setPen(light);
-    p.setBrush(Qt::NoBrush);
-    auto lines = [&p](int x, int y, int count, int length) {
-        for (int i = 0; i < count; ++i)
-            p.drawLine(x, y + 2 * i, x + length - (i % 2) * 3, y + 2 * i);
-    };
-    auto triangle = [&p, &light](QPolygon polygon) {
-        p.setBrush(light);
-        p.drawPolygon(polygon);
-        p.setBrush(Qt::NoBrush);
-    };
-    switch (glyph) {
-    case TGlyph::Application:
-        p.drawRect(4, 3, 15, 9);
-        p.fillRect(4, 3, 16, 3, light);
-        p.fillRect(10, 8, 4, 3, light);
-        break;
-    case TGlyph::Form:
-        p.drawRect(4, 3, 15, 9);
-        p.fillRect(4, 3, 16, 3, light);
-        p.fillRect(7, 8, 2, 2, light);
-        p.fillRect(11, 8, 2, 2, light);
-        p.fillRect(15, 8, 2, 2, light);
-        break;
-    case TGlyph::Frame:
-        p.setPen(QPen(light, 1, Qt::DashLine));
-        p.drawRect(4, 3, 15, 9);
-        break;
-    case TGlyph::MenuBar:
-        p.fillRect(3, 3, 18, 3, light);
-        p.drawRect(5, 6, 9, 6);
-        lines(7, 8, 2, 5);
-        break;
-    case TGlyph::PopupMenu:
-        p.drawRect(6, 3, 12, 9);
-        lines(8, 5, 3, 8);
-        break;
-    case TGlyph::Text:
-        lines(4, 4, 4, 16);
-        break;
-    case TGlyph::Edit:
-        p.drawRect(3, 4, 17, 7);
-        p.drawLine(6, 6, 6, 9);
-        break;
-    case TGlyph::Combo:
-        p.drawRect(3, 4, 17, 7);
-        p.fillRect(15, 5, 5, 6, light);
-        p.setPen(dark);
-        p.drawLine(16, 7, 18, 7);
-        p.drawPoint(17, 8);
-        break;
-    case TGlyph::List:
-        p.drawRect(4, 3, 15, 9);
-        p.fillRect(5, 4, 14, 2, light);
-        lines(6, 7, 3, 11);
-        break;
-    case TGlyph::Memo:
-        p.drawRect(3, 3, 17, 9);
-        p.fillRect(17, 4, 3, 8, light);
-        lines(5, 5, 3, 10);
-        break;
-    case TGlyph::Image:
-        p.drawRect(4, 3, 15, 9);
-        triangle(QPolygon({QPoint(5, 11), QPoint(10, 6), QPoint(14, 11)}));
-        p.fillRect(15, 5, 2, 2, light);
-        break;
-    case TGlyph::Check:
-        p.drawRect(4, 4, 7, 7);
-        p.drawLine(6, 7, 7, 9);
-        p.drawLine(7, 9, 10, 5);
-        p.drawLine(14, 8, 20, 8);
-        break;
-    case TGlyph::Radio:
-        p.setRenderHint(QPainter::Antialiasing, true);
-        p.drawEllipse(QPointF(8, 8), 4, 4);
-        p.setBrush(light);
-        p.drawEllipse(QPointF(8, 8), 1.5, 1.5);
-        p.setRenderHint(QPainter::Antialiasing, false);
-        p.drawLine(14, 8, 20, 8);
-        break;
-    case TGlyph::Group:
-        p.drawLine(4, 4, 5, 4);
-        p.drawLine(12, 4, 19, 4);
-        p.drawLine(4, 4, 4, 12);
-        p.drawLine(4, 12, 19, 12);
-        p.drawLine(19, 4, 19, 12);
-        lines(6, 3, 1, 5);
-        break;
-    case TGlyph::Panel:
-        p.fillRect(4, 3, 16, 10, light);
-        p.setPen(dark);
-        p.drawLine(5, 11, 18, 11);
-        p.drawLine(18, 4, 18, 11);
-        break;
-    case TGlyph::ScrollBox:
-        p.drawRect(4, 3, 15, 9);
-        p.drawLine(16, 3, 16, 12);
-        p.fillRect(17, 6, 2, 3, light);
-        break;
-    case TGlyph::Tabs:
-        p.fillRect(4, 3, 6, 3, light);
-        p.drawRect(10, 4, 5, 2);
-        p.drawRect(4, 6, 15, 6);
-        break;
-    case TGlyph::Button:
-        p.fillRect(4, 4, 16, 8, light);
-        p.setPen(dark);
-        p.drawLine(5, 10, 18, 10);
-        p.drawLine(18, 5, 18, 10);
-        p.drawLine(8, 7, 14, 7);
-        break;
-    case TGlyph::SpeedButton:
-        p.fillRect(8, 3, 9, 9, light);
-        p.setPen(dark);
-        p.drawLine(9, 10, 15, 10);
-        p.drawLine(15, 4, 15, 10);
-        p.fillRect(11, 6, 2, 2, dark);
-        break;
-    case TGlyph::Shape:
-        p.drawRect(4, 5, 7, 6);
-        p.setRenderHint(QPainter::Antialiasing, true);
-        p.drawEllipse(QPointF(15, 7.5), 4, 4);
-        p.setRenderHint(QPainter::Antialiasing, false);
-        break;
-    case TGlyph::UpDown:
-        triangle(QPolygon({QPoint(8, 7), QPoint(12, 3), QPoint(16, 7)}));
-        triangle(QPolygon({QPoint(8, 9), QPoint(12, 13), QPoint(16, 9)}));
-        break;
-    case TGlyph::Package:
-        p.drawRect(5, 6, 10, 6);
-        triangle(QPolygon({QPoint(5, 6), QPoint(8, 3), QPoint(18, 3), QPoint(15, 6)}));
-        p.drawLine(18, 3, 18, 9);
-        p.drawLine(18, 9, 15, 12);
-        break;
-    case TGlyph::ToolBar:
-        p.drawRect(3, 4, 17, 7);
-        p.fillRect(5, 6, 3, 4, light);
-        p.fillRect(10, 6, 3, 4, light);
-        p.fillRect(15, 6, 3, 4, light);
-        break;
-    case TGlyph::StatusBar:
-        p.drawRect(3, 3, 17, 9);
-        p.fillRect(3, 9, 18, 4, light);
-        p.setPen(dark);
-        p.drawLine(10, 10, 10, 12);
-        p.drawLine(16, 10, 16, 12);
-        break;
-    case TGlyph::Splitter:
-        p.drawRect(3, 3, 7, 9);
-        p.drawRect(13, 3, 7, 9);
-        p.fillRect(11, 3, 2, 10, light);
-        break;
-    case TGlyph::Progress:
-        p.drawRect(3, 5, 17, 5);
-        p.fillRect(4, 6, 10, 4, light);
-        break;
-    case TGlyph::Clock:
-        p.setRenderHint(QPainter::Antialiasing, true);
-        p.drawEllipse(QPointF(12, 8), 5, 5);
-        p.setRenderHint(QPainter::Antialiasing, false);
-        p.drawLine(12, 8, 12, 5);
-        p.drawLine(12, 8, 14, 8);
-        break;
-    case TGlyph::Outlook:
-        p.fillRect(4, 3, 16, 2, light);
-        p.fillRect(4, 6, 16, 2, light);
-        p.drawRect(4, 9, 15, 3);
-        break;
-    case TGlyph::Ruler:
-        p.drawRect(3, 6, 17, 5);
-        for (int x = 5; x < 20; x += 2)
-            p.drawLine(x, 6, x, x % 4 == 1 ? 9 : 8);
-        break;
-    case TGlyph::Buffer:
-        p.drawRect(6, 4, 11, 9);
-        p.fillRect(9, 3, 6, 3, light);
-        lines(8, 8, 2, 7);
-        break;
-    case TGlyph::ScrollBar:
-        p.drawRect(3, 5, 17, 5);
-        p.fillRect(3, 5, 4, 6, light);
-        p.fillRect(17, 5, 4, 6, light);
-        p.fillRect(10, 6, 4, 4, light);
-        break;
-    case TGlyph::Navigator:
-        triangle(QPolygon({QPoint(8, 4), QPoint(4, 8), QPoint(8, 12)}));
-        triangle(QPolygon({QPoint(15, 4), QPoint(19, 8), QPoint(15, 12)}));
-        p.fillRect(10, 6, 3, 5, light);
-        break;
-    }
+    for (const TGlyphStrokes& g : GlyphStrokes())
+        if (g.Glyph == glyph)
+            for (const TStroke& s : g.Strokes)
+                DrawStroke(p, s, s.Ink == Light ? light : dark);
 }
 
 }  // namespace
 
 QImage QzPaletteBitmap(const AnsiString& className)
 {
-    const TPicture* picture = FindPicture(className);
+    const TQzPaletteEntry* picture = QzFindPaletteEntry(className);
     if (!picture)
         return {};
-    const QColor base = PageColor(QzPalettePage(picture->ClassName));
+    const QColor base = QColor::fromRgb(QzPalettePageColor(picture->Page));
     const QColor dark = base.darker(160);
     QImage image(QzPaletteBitmapSize, QzPaletteBitmapSize, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
@@ -396,7 +237,6 @@ std::vector<AnsiString> QzPaletteBitmapNames()
 {
     std::vector<AnsiString> names;
     for (const TQzPaletteEntry& entry : QzPaletteClasses())
-        if (FindPicture(entry.ClassName))
-            names.push_back(UpperCase(entry.ClassName));
+        names.push_back(UpperCase(entry.ClassName));
     return names;
 }

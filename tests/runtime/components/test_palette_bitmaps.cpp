@@ -1,7 +1,7 @@
 // The palette pictures: one for every palette class, the right size, found
 // by the class name in any case, and no two alike.
 
-#include "runtime/components/QzComponentsReg.h"
+#include "runtime/components/QzPalette.h"
 #include "runtime/components/QzPaletteBitmaps.h"
 
 #include "rtl/SysUtils.h"

@@ -5,6 +5,7 @@
 #include "runtime/components/QzAddCtrls.h"
 #include "runtime/components/QzBars.h"
 #include "runtime/components/QzComponentsReg.h"
+#include "runtime/components/QzPalette.h"
 #include "runtime/components/QzDbCtrls.h"
 #include "runtime/components/QzForms.h"
 #include "runtime/components/QzMenus.h"
@@ -47,6 +48,14 @@ TEST_F(ComponentRegistration, PalettePagesHoldTheirClassesInOrder)
         EXPECT_TRUE(unique.insert(e.ClassName).second) << e.ClassName << " twice";
     EXPECT_EQ(QzPalettePage("tqzdbmemo"), "Qz Data Controls");
     EXPECT_EQ(QzPalettePage("TQzMenuItem"), "");
+
+    // Each page's buttons stand together, the pages in their palette order:
+    // registration walks the pages, the pictures and listings the entries.
+    std::vector<AnsiString> order;
+    for (const TQzPaletteEntry& e : QzPaletteClasses())
+        if (order.empty() || order.back() != e.Page)
+            order.push_back(e.Page);
+    EXPECT_EQ(order, QzPalettePages());
 }
 
 // Made through the registry by name, as a form file makes them, and freed
