@@ -1,9 +1,10 @@
 #include "ide/QzFormClipboard.h"
 
-#include "ide/QzComponentPaste.h"
-#include "ide/QzComponentText.h"
 #include "ide/QzControlLook.h"
 #include "ide/QzIdeDesigner.h"
+
+#include "designide/QzComponentPaste.h"
+#include "designide/QzComponentText.h"
 
 #include "vcl/QzDialogs.h"
 #include "vcl/QzReportErrors.h"

@@ -1,4 +1,4 @@
-#include "ide/QzStreamTree.h"
+#include "designide/QzStreamTree.h"
 
 #include "rtl/Filer.h"
 

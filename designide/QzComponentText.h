@@ -2,7 +2,7 @@
 // Components of a form as the form text the IDE writes for them, and back:
 // what the clipboard carries between forms and text editors.
 
-#include "ide/QzStreamTree.h"
+#include "designide/QzStreamTree.h"
 
 #include <string>
 #include <string_view>

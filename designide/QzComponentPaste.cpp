@@ -1,6 +1,4 @@
-#include "ide/QzComponentPaste.h"
-
-#include "runtime/components/Controls.h"
+#include "designide/QzComponentPaste.h"
 
 #include "rtl/Filer.h"
 #include "rtl/TypInfo.h"
@@ -28,10 +26,15 @@ TMetaClass* RegisteredClass(const TQzStreamNode& node)
 
 // As the designer tells them apart once read: a registered class says
 // itself, an unregistered one is a control when the stream gives it a size.
+// The controls' base class is asked of the class registry by name: the
+// host interfaces are built over the class library alone, without the
+// runtime that defines it.
 bool IsControl(const TQzStreamNode& node)
 {
-    if (TMetaClass* cls = RegisteredClass(node))
-        return cls->InheritsFrom(TControl::ClassInfo());
+    if (TMetaClass* cls = RegisteredClass(node)) {
+        const TMetaClass* control = GetClass("TControl");
+        return control && cls->InheritsFrom(control);
+    }
     return node.Property("Width") || node.Property("Height");
 }
 

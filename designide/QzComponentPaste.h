@@ -11,7 +11,7 @@
 // class already there (pasting next to the original), they move down and
 // right by 8 pixels until they do not.
 
-#include "ide/QzStreamTree.h"
+#include "designide/QzStreamTree.h"
 
 #include <string>
 #include <string_view>

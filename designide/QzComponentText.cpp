@@ -1,4 +1,4 @@
-#include "ide/QzComponentText.h"
+#include "designide/QzComponentText.h"
 
 #include "rtl/Filer.h"
 #include "rtl/FormText.h"
@@ -57,8 +57,6 @@ public:
     }
 
 private:
-    static constexpr int MaxNesting = 256;
-
     size_t Offset(std::string_view token) const { return size_t(token.data() - FText.data()); }
     bool AtObject() const
     {
