@@ -3,6 +3,7 @@
 #include "rtl/Filer.h"
 #include "rtl/FormText.h"
 #include "rtl/Parser.h"
+#include "rtl/StreamNesting.h"
 
 #include <algorithm>
 #include <map>
@@ -64,7 +65,7 @@ private:
     }
     void Nest()
     {
-        if (++FDepth > MaxNesting)
+        if (++FDepth > MaxStreamNesting)
             P.Error("Values nested too deeply");
     }
     void NotAtEnd(const char* expected) const

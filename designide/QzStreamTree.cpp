@@ -1,14 +1,13 @@
 #include "designide/QzStreamTree.h"
 
 #include "rtl/Filer.h"
+#include "rtl/StreamNesting.h"
 
 namespace {
 
-constexpr int MaxNesting = 256;
-
 TQzStreamNode ReadNode(TReader& r, int depth)
 {
-    if (depth > MaxNesting)
+    if (depth > MaxStreamNesting)
         r.Error("Components nested too deeply");
     TQzStreamNode node;
     node.Header = r.ReadComponentHeader();

@@ -2,10 +2,9 @@
 
 #include "rtl/ComponentStream.h"
 #include "rtl/PropertyValues.h"
+#include "rtl/StreamNesting.h"
 
 namespace {
-
-constexpr int MaxNesting = 256;
 
 class TComponentReader {
 public:
@@ -77,7 +76,7 @@ void TComponentReader::ReadRoot()
 
 TComponent* TComponentReader::ReadChild(TComponent* owner, TComponent* parent)
 {
-    if (++Depth > MaxNesting)
+    if (++Depth > MaxStreamNesting)
         R.Error("Components nested too deeply");
     size_t at = R.Position();
     TComponentHeader header = R.ReadComponentHeader();

@@ -1,6 +1,7 @@
 #include "rtl/Filer.h"
 
 #include "rtl/CodePage.h"
+#include "rtl/StreamNesting.h"
 
 #include <cfloat>
 #include <cmath>
@@ -8,9 +9,6 @@
 static_assert(LDBL_MANT_DIG == 64, "the stream's 10-byte floats need an 80-bit long double");
 
 namespace {
-
-// Nesting deeper than this is taken as a damaged stream, not a real form.
-constexpr int MaxNesting = 256;
 
 bool SameAscii(std::string_view a, std::string_view b)
 {
@@ -342,7 +340,7 @@ std::string TReader::ReadBinary()
 
 void TReader::SkipValue()
 {
-    if (++FSkipDepth > MaxNesting)
+    if (++FSkipDepth > MaxStreamNesting)
         Error("Values nested too deeply");
     size_t at = FPos;
     switch (ReadValue()) {
@@ -422,7 +420,7 @@ void TReader::SkipProperty()
 
 void TReader::SkipComponent(bool skipHeader)
 {
-    if (++FSkipDepth > MaxNesting)
+    if (++FSkipDepth > MaxStreamNesting)
         Error("Components nested too deeply");
     if (skipHeader)
         ReadComponentHeader();

@@ -4,12 +4,12 @@
 #include "rtl/Filer.h"
 #include "rtl/FormText.h"
 #include "rtl/Parser.h"
+#include "rtl/StreamNesting.h"
 
 namespace {
 
 constexpr size_t LineLength = 64;     // string pieces per line
 constexpr size_t BytesPerLine = 32;   // binary data per line
-constexpr int MaxNesting = 256;
 
 // Delphi's ByteType: whether s[i] is the second byte of a double-byte
 // character, found by walking from the start of the string.
@@ -61,7 +61,7 @@ private:
     }
     void Nest()
     {
-        if (++Depth > MaxNesting)
+        if (++Depth > MaxStreamNesting)
             R.Error("Values nested too deeply");
     }
     void ConvertProperty();

@@ -4,14 +4,13 @@
 #include "rtl/Filer.h"
 #include "rtl/FormText.h"
 #include "rtl/Parser.h"
+#include "rtl/StreamNesting.h"
 
 #include <cmath>
 #include <limits>
 #include <vector>
 
 namespace {
-
-constexpr int MaxNesting = 256;
 
 void AppendUtf16(std::u16string& out, char32_t code)
 {
@@ -34,7 +33,7 @@ public:
 private:
     void Nest()
     {
-        if (++Depth > MaxNesting)
+        if (++Depth > MaxStreamNesting)
             P.Error("Values nested too deeply");
     }
     // Names are short strings: at most 255 bytes.
