@@ -3,7 +3,7 @@
 // forms use them, Escape closing the window whatever control has the focus,
 // and optionally bounds remembered between two openings.
 
-#include "vcl/QzModalResult.h"
+#include "rtl/ModalResult.h"
 
 #include <QDialog>
 #include <QPointer>

@@ -4,8 +4,8 @@
 // Programs use Qt's windows (the default); tests install a scripted
 // implementation so that no test ever waits on a real modal box.
 
+#include "rtl/ModalResult.h"
 #include "rtl/System.h"
-#include "vcl/QzModalResult.h"
 
 #include <cstdint>
 #include <initializer_list>

@@ -6,9 +6,9 @@
 
 #include "rtl/ComponentStream.h"
 #include "rtl/Filer.h"
+#include "rtl/ModalResult.h"
 #include "rtl/StringList.h"
 #include "vcl/QzDialogs.h"
-#include "vcl/QzModalResult.h"
 
 #include <set>
 

@@ -8,7 +8,7 @@
 #include "runtime/components/Graphics.h"
 
 #include "rtl/Component.h"
-#include "vcl/QzModalResult.h"
+#include "rtl/ModalResult.h"
 
 #include <cstdint>
 #include <memory>

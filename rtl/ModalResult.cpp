@@ -1,4 +1,4 @@
-#include "vcl/QzModalResult.h"
+#include "rtl/ModalResult.h"
 
 namespace {
 
