@@ -7,8 +7,6 @@
 #include <algorithm>
 #include <limits>
 
-using namespace QzPkgStream;
-
 // ---------------------------------------------------------------------------
 // TQzPkgExtensions
 

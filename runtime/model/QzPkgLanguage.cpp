@@ -3,8 +3,6 @@
 #include "runtime/model/QzPkgStream.h"
 #include "runtime/model/QzRegistry.h"
 
-using namespace QzPkgStream;
-
 namespace {
 
 void CheckRange(const char* what, Integer value, Integer low, Integer high)

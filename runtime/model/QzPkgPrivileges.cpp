@@ -5,8 +5,6 @@
 
 #include "rtl/StringList.h"
 
-using namespace QzPkgStream;
-
 namespace {
 
 constexpr const char* TemplateSignature = "QzPrivilegesTemplate 1";

@@ -2,8 +2,6 @@
 
 #include "runtime/model/QzPkgStream.h"
 
-using namespace QzPkgStream;
-
 namespace {
 
 // Shortcut bits as the suite stores them: virtual key in the low byte.

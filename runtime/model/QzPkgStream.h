@@ -1,53 +1,12 @@
 #pragma once
-// Helpers shared by the packages' contents readers and writers (private to
-// the model).
+// The packages' contents blocks, as one code for both directions (private
+// to the model).
 
 #include "runtime/model/QzTypes.h"
 
 #include "rtl/Filer.h"
 
 #include <type_traits>
-
-namespace QzPkgStream {
-
-// Texts travel as UTF-8 so that every character comes back as it was.
-inline void WriteText(TWriter& w, const AnsiString& text)
-{
-    w.WriteUTF8String(text);
-}
-
-inline AnsiString ReadText(TReader& r)
-{
-    return r.ReadUnicodeString();
-}
-
-// Runs read, turning a refusal of the model (a duplicate Id, a bad value)
-// into a read error at the place where it happened.
-template <class F>
-void Checked(TReader& r, F&& read)
-{
-    const size_t at = r.Position();
-    try {
-        read();
-    } catch (const EQzPkgError& e) {
-        r.Error(e.Message(), at);
-    } catch (const EConvertError& e) {
-        r.Error(e.Message(), at);
-    }
-}
-
-// An enumeration value read as an integer and checked against its range.
-template <class E>
-E ReadEnum(TReader& r, E last)
-{
-    const size_t at = r.Position();
-    const Integer v = r.ReadInteger();
-    if (v < 0 || v > static_cast<Integer>(last))
-        r.Error("Value " + IntToStr(v) + " out of range", at);
-    return static_cast<E>(v);
-}
-
-}  // namespace QzPkgStream
 
 // One description of a layout that both directions run: saving writes each
 // value as it stands, loading reads into the same variable. A kind's
@@ -63,63 +22,26 @@ public:
     TReader& Reader() const { return *FReader; }
     TWriter& Writer() const { return *FWriter; }
 
-    void Value(bool& v)
-    {
-        if (FReader)
-            v = FReader->ReadBoolean();
-        else
-            FWriter->WriteBoolean(v);
-    }
-
-    void Value(Integer& v)
-    {
-        if (FReader)
-            v = FReader->ReadInteger();
-        else
-            FWriter->WriteInteger(v);
-    }
+    void Value(bool& v) { Pass(v, &TReader::ReadBoolean, &TWriter::WriteBoolean); }
+    void Value(Integer& v) { Pass(v, &TReader::ReadInteger, &TWriter::WriteInteger); }
+    void Value(double& v) { Pass(v, &TReader::ReadDouble, &TWriter::WriteDouble); }
+    void Value(Extended& v) { Pass(v, &TReader::ReadFloat, &TWriter::WriteFloat); }
+    // Bytes kept as they are (pictures, extension blocks).
+    void Binary(std::string& v) { Pass(v, &TReader::ReadBinary, &TWriter::WriteBinary); }
 
     // An integer that must lie in [low, high]; what names it in the error.
     void Value(Integer& v, Integer low, Integer high, const char* what)
     {
-        const size_t at = FReader ? FReader->Position() : 0;
-        Value(v);
-        if (FReader && (v < low || v > high))
-            FReader->Error(AnsiString("Invalid ") + what + " " + IntToStr(v), at);
-    }
-
-    void Value(double& v)
-    {
-        if (FReader)
-            v = FReader->ReadDouble();
-        else
-            FWriter->WriteDouble(v);
-    }
-
-    void Value(Extended& v)
-    {
-        if (FReader)
-            v = FReader->ReadFloat();
-        else
-            FWriter->WriteFloat(v);
+        InRange(v, low, high, [what](Integer read) { return AnsiString("Invalid ") + what + " " + IntToStr(read); });
     }
 
     // Texts travel as UTF-8 so that every character comes back as it was.
     void Value(AnsiString& v)
     {
         if (FReader)
-            v = QzPkgStream::ReadText(*FReader);
+            v = FReader->ReadUnicodeString();
         else
-            QzPkgStream::WriteText(*FWriter, v);
-    }
-
-    // Bytes kept as they are (pictures, extension blocks).
-    void Binary(std::string& v)
-    {
-        if (FReader)
-            v = FReader->ReadBinary();
-        else
-            FWriter->WriteBinary(v);
+            FWriter->WriteUTF8String(v);
     }
 
     // A single character, by its code.
@@ -134,10 +56,10 @@ public:
     template <class E>
     void Enum(E& v, E last)
     {
-        if (FReader)
-            v = QzPkgStream::ReadEnum(*FReader, last);
-        else
-            FWriter->WriteInteger(static_cast<Integer>(v));
+        Integer ordinal = static_cast<Integer>(v);
+        InRange(ordinal, 0, static_cast<Integer>(last),
+                [](Integer read) { return "Value " + IntToStr(read) + " out of range"; });
+        v = static_cast<E>(ordinal);
     }
 
     // A list of values that run has in both directions.
@@ -172,7 +94,7 @@ public:
                 return;
             }
             while (!FReader->EndOfList()) {
-                QzPkgStream::Checked(*FReader, [&] {
+                Checked([&] {
                     V v{};
                     each(v);
                     take(v);
@@ -181,17 +103,45 @@ public:
         });
     }
 
-    // Runs a part whose model refusals are read errors where it began.
+    // Runs a part whose model refusals (a duplicate Id, a bad value) are
+    // read errors where it began.
     template <class F>
     void Checked(F&& run)
     {
-        if (FReader)
-            QzPkgStream::Checked(*FReader, run);
-        else
+        const size_t at = FReader ? FReader->Position() : 0;
+        try {
             run();
+        } catch (const EQzPkgError& e) {
+            if (!FReader)
+                throw;
+            FReader->Error(e.Message(), at);
+        } catch (const EConvertError& e) {
+            if (!FReader)
+                throw;
+            FReader->Error(e.Message(), at);
+        }
     }
 
 private:
+    // An integer read is refused, where it began, outside [low, high].
+    template <class Message>
+    void InRange(Integer& v, Integer low, Integer high, Message&& message)
+    {
+        const size_t at = FReader ? FReader->Position() : 0;
+        Value(v);
+        if (FReader && (v < low || v > high))
+            FReader->Error(message(v), at);
+    }
+
+    template <class V, class R, class W>
+    void Pass(V& v, R (TReader::*read)(), void (TWriter::*write)(W))
+    {
+        if (FReader)
+            v = (FReader->*read)();
+        else
+            (FWriter->*write)(v);
+    }
+
     TWriter* FWriter = nullptr;
     TReader* FReader = nullptr;
 };

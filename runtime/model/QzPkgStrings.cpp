@@ -2,8 +2,6 @@
 
 #include "runtime/model/QzPkgStream.h"
 
-using namespace QzPkgStream;
-
 // ---------------------------------------------------------------------------
 // Items
 

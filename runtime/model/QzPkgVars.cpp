@@ -8,8 +8,6 @@
 #include <cmath>
 #include <limits>
 
-using namespace QzPkgStream;
-
 namespace {
 
 std::vector<AnsiString> SplitPath(const AnsiString& path)
