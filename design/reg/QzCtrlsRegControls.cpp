@@ -168,6 +168,17 @@ void TQzFilteredComponentProperty::GetValues(const TGetStrProc& proc)
     });
 }
 
+void TQzFilteredComponentProperty::SetValue(const AnsiString& value)
+{
+    const AnsiString name = Trim(value);
+    if (!name.empty()) {
+        TComponent* candidate = Designer() ? Designer()->GetComponent(name) : nullptr;
+        if (!candidate || !Accepts(candidate))
+            RaiseInvalidPropertyValue();
+    }
+    TComponentProperty::SetValue(value);
+}
+
 TPropertyAttributes TQzWindowsListEditor::GetAttributes()
 {
     return {paValueList, paSortList, paRevertable};

@@ -83,11 +83,12 @@ public:
 
 // A component reference whose value list holds only the form's components
 // that Accepts lets through (by class, and by what the edited component
-// says of them).
+// says of them); a typed name must be one the list would offer.
 class TQzFilteredComponentProperty : public TComponentProperty {
 public:
     using TComponentProperty::TComponentProperty;
     void GetValues(const TGetStrProc& proc) override;
+    void SetValue(const AnsiString& value) override;
 
 protected:
     virtual bool Accepts(TComponent* candidate) const = 0;
