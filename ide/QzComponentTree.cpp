@@ -3,6 +3,8 @@
 #include "ide/QzIdeDesigner.h"
 #include "ide/QzPalette.h"
 
+#include "vcl/QzQtString.h"
+
 #include "rtl/ComponentStream.h"
 
 #include <QHeaderView>
@@ -31,7 +33,7 @@ QTreeWidgetItem* TQzComponentTree::AddItem(QTreeWidgetItem* parentItem, TCompone
 {
     const AnsiString className = StreamedClassName(component);
     auto* item = parentItem ? new QTreeWidgetItem(parentItem) : new QTreeWidgetItem(this);
-    item->setText(0, QString::fromStdString(component->Name() + ": " + className));
+    item->setText(0, QzQString(component->Name() + ": " + className));
     item->setIcon(0, QzPaletteIcon(className));
     item->setData(0, ComponentRole, QVariant::fromValue(static_cast<void*>(component)));
     return item;

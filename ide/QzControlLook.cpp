@@ -2,6 +2,8 @@
 
 #include "ide/QzMenuBar.h"
 
+#include "vcl/QzQtString.h"
+
 #include "runtime/components/Controls.h"
 #include "runtime/components/Forms.h"
 #include "runtime/model/QzMemory.h"
@@ -102,7 +104,6 @@ void DrawFrame(QPainter& p, const QRect& r, bool raised)
     p.drawLine(r.topRight(), r.bottomRight());
 }
 
-QString Q(const AnsiString& s) { return QString::fromStdString(s); }
 
 }  // namespace
 
@@ -304,10 +305,10 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
 {
     const AnsiString className = StreamedClassName(component);
     const QPalette pal = QApplication::palette();
-    QString caption = Q(QzTextValue(component, "Caption"));
-    QString text = Q(QzTextValue(component, "Text"));
+    QString caption = QzQString(QzTextValue(component, "Caption"));
+    QString text = QzQString(QzTextValue(component, "Text"));
     if (text.isEmpty())
-        text = Q(QzTextValue(component, "Value"));
+        text = QzQString(QzTextValue(component, "Value"));
     // The suite's controls name a label for their caption and keep literal
     // text beside it; either may be what shows.
     if (caption.isEmpty())
@@ -318,7 +319,7 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
     switch (QzLookOf(className)) {
     case TQzLook::Label:
         p.setPen(pal.color(QPalette::WindowText));
-        p.drawText(r, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, caption.isEmpty() ? Q(component->Name()) : caption);
+        p.drawText(r, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, caption.isEmpty() ? QzQString(component->Name()) : caption);
         break;
     case TQzLook::Edit:
     case TQzLook::ComboBox:
@@ -327,7 +328,7 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
         p.fillRect(r, pal.color(QPalette::Base));
         DrawFrame(p, r, false);
         p.setPen(pal.color(QPalette::Text));
-        const QString shown = text.isEmpty() ? (caption.isEmpty() ? Q(component->Name()) : caption) : text;
+        const QString shown = text.isEmpty() ? (caption.isEmpty() ? QzQString(component->Name()) : caption) : text;
         const QRect textRect = inner.adjusted(3, 1, -3, -1);
         const TQzLook look = QzLookOf(className);
         if (look == TQzLook::ComboBox) {
@@ -349,7 +350,7 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
         DrawFrame(p, r, true);
         DrawFrame(p, inner, true);
         p.setPen(pal.color(QPalette::ButtonText));
-        p.drawText(r, Qt::AlignCenter, caption.isEmpty() ? Q(component->Name()) : caption);
+        p.drawText(r, Qt::AlignCenter, caption.isEmpty() ? QzQString(component->Name()) : caption);
         break;
     case TQzLook::CheckBox:
     case TQzLook::RadioButton: {
@@ -364,7 +365,7 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
         p.setPen(pal.color(QPalette::WindowText));
         if (checked)
             p.drawText(box, Qt::AlignCenter, QStringLiteral("\u2713"));
-        p.drawText(r.adjusted(18, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, caption.isEmpty() ? Q(component->Name()) : caption);
+        p.drawText(r.adjusted(18, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, caption.isEmpty() ? QzQString(component->Name()) : caption);
         break;
     }
     case TQzLook::Panel:
@@ -377,7 +378,7 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
         p.setPen(pal.color(QPalette::Dark));
         p.setBrush(Qt::NoBrush);
         p.drawRect(frame.adjusted(0, 0, -1, -1));
-        const QString shown = caption.isEmpty() ? Q(component->Name()) : caption;
+        const QString shown = caption.isEmpty() ? QzQString(component->Name()) : caption;
         const int w = p.fontMetrics().horizontalAdvance(shown) + 6;
         const QRect title(r.left() + 8, r.top() - 1, w, p.fontMetrics().height());
         p.fillRect(title, pal.color(QPalette::Window));
@@ -388,8 +389,8 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
     case TQzLook::Image: {
         p.setPen(QPen(pal.color(QPalette::Dark), 1, Qt::DashLine));
         p.drawRect(r.adjusted(0, 0, -1, -1));
-        QString picture = Q(QzTextValue(component, "Picture"));
-        p.drawText(r, Qt::AlignCenter, picture.isEmpty() ? Q(component->Name()) : picture);
+        QString picture = QzQString(QzTextValue(component, "Picture"));
+        p.drawText(r, Qt::AlignCenter, picture.isEmpty() ? QzQString(component->Name()) : picture);
         break;
     }
     case TQzLook::PageControl:
@@ -402,7 +403,7 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
         p.drawRect(r.adjusted(0, 0, -1, -1));
         p.setPen(pal.color(QPalette::WindowText));
         p.drawText(r.adjusted(2, 2, -2, -2), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
-                   Q(component->Name() + ": " + className));
+                   QzQString(component->Name() + ": " + className));
         break;
     }
     p.restore();

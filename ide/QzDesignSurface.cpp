@@ -12,6 +12,7 @@
 #include "runtime/components/Forms.h"
 
 #include "designide/DesignEditors.h"
+#include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 
 #include "rtl/ComponentStream.h"
@@ -27,7 +28,6 @@ namespace {
 constexpr int Margin = 8;
 constexpr int HandleSize = 5;
 
-QString Q(const AnsiString& s) { return QString::fromStdString(s); }
 
 QSize DefaultSize(TQzLook look)
 {
@@ -135,7 +135,7 @@ void TQzDesignSurface::ShowPage(TComponent* paged, TComponent* page)
     if (QzCanSetActivePage(paged)) {
         FShownPages.erase(paged->Name());
         if (QzActivePage(paged) != page)
-            Run(QStringLiteral("Show %1").arg(Q(page->Name())), [&] {
+            Run(QStringLiteral("Show %1").arg(QzQString(page->Name())), [&] {
                 QzSetActivePage(paged, page);
                 FDesigner->Modified();
             });
@@ -277,7 +277,7 @@ void TQzDesignSurface::paintEvent(QPaintEvent*)
         QFont bold = font();
         bold.setBold(true);
         p.setFont(bold);
-        p.drawText(caption.adjusted(4, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, Q(QzFormCaption(root)));
+        p.drawText(caption.adjusted(4, 0, -4, 0), Qt::AlignLeft | Qt::AlignVCenter, QzQString(QzFormCaption(root)));
         p.setFont(font());
         PaintMenuBar(p, QRect(caption.left(), caption.bottom() + 1, caption.width(), QzMenuBarHeight(root)));
         p.fillRect(client, QColor(212, 208, 200));
@@ -308,8 +308,8 @@ void TQzDesignSurface::PaintMenuBar(QPainter& p, const QRect& bar)
     p.setPen(Qt::black);
     int x = bar.left() + 6;
     for (const AnsiString& caption : QzMenuBarCaptions(QzFormMenu(FDesigner->GetRoot()))) {
-        const int w = p.fontMetrics().horizontalAdvance(Q(QzStripMnemonic(caption))) + 14;
-        p.drawText(QRect(x, bar.top(), w, bar.height()), Qt::AlignCenter | Qt::TextShowMnemonic, Q(caption));
+        const int w = p.fontMetrics().horizontalAdvance(QzQString(QzStripMnemonic(caption))) + 14;
+        p.drawText(QRect(x, bar.top(), w, bar.height()), Qt::AlignCenter | Qt::TextShowMnemonic, QzQString(caption));
         x += w;
         if (x >= bar.right())
             break;
@@ -382,7 +382,7 @@ void TQzDesignSurface::PaintIcons(QPainter& p)
         p.drawLine(r.bottomLeft(), r.bottomRight());
         p.drawLine(r.topRight(), r.bottomRight());
         QzPaletteIcon(StreamedClassName(c)).paint(&p, r.adjusted(2, 2, -2, -2));
-        const QString name = Q(c->Name());
+        const QString name = QzQString(c->Name());
         const int w = p.fontMetrics().horizontalAdvance(name) + 4;
         const QRect label(r.center().x() - w / 2, r.bottom() + 2, w, p.fontMetrics().height());
         p.fillRect(label, QColor(255, 255, 225));
@@ -442,7 +442,7 @@ TComponent* TQzDesignSurface::PlaceComponent(TMetaClass* cls, const QPoint& pos)
         return nullptr;
     TComponent* container = ContainerAt(pos);
     TComponent* created = nullptr;
-    const bool ok = Run(QStringLiteral("Add %1").arg(Q(cls->ClassName())), [&] {
+    const bool ok = Run(QStringLiteral("Add %1").arg(QzQString(cls->ClassName())), [&] {
         const bool control = cls->InheritsFrom(TControl::ClassInfo());
         created = FDesigner->CreateComponent(cls, control ? container : nullptr);
         if (control) {
@@ -491,7 +491,7 @@ QStringList TQzDesignSurface::Verbs(TComponent* component) const
     QStringList verbs;
     auto editor = GetComponentEditor(component, FDesigner);
     for (int i = 0; i < editor->GetVerbCount(); ++i)
-        verbs << Q(editor->GetVerb(i));
+        verbs << QzQString(editor->GetVerb(i));
     return verbs;
 }
 
@@ -500,14 +500,14 @@ bool TQzDesignSurface::ExecuteVerb(TComponent* component, int index)
     auto editor = GetComponentEditor(component, FDesigner);
     if (index < 0 || index >= editor->GetVerbCount())
         return false;
-    const QString verb = Q(editor->GetVerb(index)).remove('&');
+    const QString verb = QzQString(editor->GetVerb(index)).remove('&');
     return Run(verb, [&] { editor->ExecuteVerb(index); });
 }
 
 bool TQzDesignSurface::EditComponent(TComponent* component)
 {
     auto editor = GetComponentEditor(component, FDesigner);
-    return Run(QStringLiteral("Edit %1").arg(Q(component->Name())), [&] { editor->Edit(); });
+    return Run(QStringLiteral("Edit %1").arg(QzQString(component->Name())), [&] { editor->Edit(); });
 }
 
 // ---- Mouse and keys -------------------------------------------------------------

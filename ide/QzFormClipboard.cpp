@@ -7,6 +7,7 @@
 #include "designide/QzComponentText.h"
 
 #include "vcl/QzDialogs.h"
+#include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 
 #include "runtime/components/Controls.h"
@@ -116,7 +117,7 @@ void GiveSheetsTabs(TComponent* root, const std::vector<AnsiString>& names)
 QString PasteLabel(const std::vector<AnsiString>& names)
 {
     if (names.size() == 1)
-        return QStringLiteral("Paste %1").arg(QString::fromStdString(names.front()));
+        return QStringLiteral("Paste %1").arg(QzQString(names.front()));
     return QStringLiteral("Paste %1 components").arg(names.size());
 }
 
@@ -138,7 +139,7 @@ bool QzCopySelection(TIdeDesigner& designer, QWidget* parent)
                               "The components cannot be copied: "))
         return false;
     auto* data = new QMimeData;
-    data->setText(QString::fromStdString(text));
+    data->setText(QzQString(text));
     data->setData(QzComponentsMimeType, QByteArray::fromStdString(text));
     clipboard->setMimeData(data);
     return true;

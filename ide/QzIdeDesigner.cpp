@@ -1,5 +1,7 @@
 #include "ide/QzIdeDesigner.h"
 
+#include "vcl/QzQtString.h"
+
 #include "runtime/components/Controls.h"
 
 #include "rtl/ComponentStream.h"
@@ -160,7 +162,7 @@ void TIdeDesigner::DeleteComponents(const std::vector<TComponent*>& components, 
             doomed.push_back(c);
     if (doomed.empty())
         return;
-    Change(doomed.size() == 1 ? QStringLiteral("%1 %2").arg(verb, QString::fromStdString(doomed.front()->Name()))
+    Change(doomed.size() == 1 ? QStringLiteral("%1 %2").arg(verb, QzQString(doomed.front()->Name()))
                               : QStringLiteral("%1 %2 components").arg(verb).arg(doomed.size()),
            [&] {
                FForm->SetSelections({});

@@ -2,6 +2,7 @@
 
 #include "ide/QzIdeDesigner.h"
 
+#include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 
 #include "rtl/SysUtils.h"
@@ -28,8 +29,6 @@ struct TQzInspectorModel::TNode {
 
 namespace {
 
-QString Q(const AnsiString& s) { return QString::fromStdString(s); }
-AnsiString A(const QString& s) { return s.toStdString(); }
 
 // The names of a set's elements and of a class's properties read best in
 // their declared order; top-level rows are sorted by name as the IDE does.
@@ -93,7 +92,7 @@ void TQzInspectorModel::Rebuild()
         GetComponentProperties(
             selection, FDesigner,
             [&](std::unique_ptr<TPropertyEditor> editor) {
-                if (FFilter.isEmpty() || Q(editor->GetName()).contains(FFilter, Qt::CaseInsensitive))
+                if (FFilter.isEmpty() || QzQString(editor->GetName()).contains(FFilter, Qt::CaseInsensitive))
                     editors.push_back(std::move(editor));
             },
             FKinds);
@@ -132,7 +131,7 @@ QModelIndex TQzInspectorModel::Find(const QString& name, const QModelIndex& pare
         const_cast<TQzInspectorModel*>(this)->fetchMore(parent);
     for (int row = 0; row < rowCount(parent); ++row) {
         const QModelIndex i = index(row, 0, parent);
-        if (Q(EditorAt(i)->GetName()).compare(name, Qt::CaseInsensitive) == 0)
+        if (QzQString(EditorAt(i)->GetName()).compare(name, Qt::CaseInsensitive) == 0)
             return i;
     }
     return {};
@@ -162,10 +161,10 @@ bool TQzInspectorModel::SetValueText(const QModelIndex& index, const QString& va
     TPropertyEditor* editor = EditorAt(index);
     if (!editor || (AttributesAt(index).Contains(paReadOnly) && !AttributesAt(index).Contains(paValueList)))
         return false;
-    if (editor->AllEqual() && Q(editor->GetValue()) == value)
+    if (editor->AllEqual() && QzQString(editor->GetValue()) == value)
         return true;
-    const QString name = Q(editor->GetName());
-    return Run(QStringLiteral("Change %1").arg(name), [editor, value] { editor->SetValue(A(value)); });
+    const QString name = QzQString(editor->GetName());
+    return Run(QStringLiteral("Change %1").arg(name), [editor, value] { editor->SetValue(QzAnsiString(value)); });
 }
 
 bool TQzInspectorModel::EditRow(const QModelIndex& index)
@@ -173,7 +172,7 @@ bool TQzInspectorModel::EditRow(const QModelIndex& index)
     TPropertyEditor* editor = EditorAt(index);
     if (!editor || !AttributesAt(index).Contains(paDialog))
         return false;
-    return Run(QStringLiteral("Edit %1").arg(Q(editor->GetName())), [editor] { editor->Edit(); });
+    return Run(QStringLiteral("Edit %1").arg(QzQString(editor->GetName())), [editor] { editor->Edit(); });
 }
 
 bool TQzInspectorModel::RevertRow(const QModelIndex& index)
@@ -181,7 +180,7 @@ bool TQzInspectorModel::RevertRow(const QModelIndex& index)
     TPropertyEditor* editor = EditorAt(index);
     if (!editor || !AttributesAt(index).Contains(paRevertable))
         return false;
-    return Run(QStringLiteral("Revert %1").arg(Q(editor->GetName())), [editor] { editor->Revert(); });
+    return Run(QStringLiteral("Revert %1").arg(QzQString(editor->GetName())), [editor] { editor->Revert(); });
 }
 
 QStringList TQzInspectorModel::ValuesOf(const QModelIndex& index) const
@@ -190,7 +189,7 @@ QStringList TQzInspectorModel::ValuesOf(const QModelIndex& index) const
     TPropertyEditor* editor = EditorAt(index);
     if (!editor || !AttributesAt(index).Contains(paValueList))
         return values;
-    editor->GetValues([&](const AnsiString& v) { values << Q(v); });
+    editor->GetValues([&](const AnsiString& v) { values << QzQString(v); });
     if (AttributesAt(index).Contains(paSortList))
         values.sort(Qt::CaseInsensitive);
     return values;
@@ -271,16 +270,16 @@ QVariant TQzInspectorModel::data(const QModelIndex& index, int role) const
         return {};
     if (role == Qt::DisplayRole || role == Qt::EditRole) {
         try {
-            return index.column() == 0 ? Q(node->Editor->GetName()) : Q(node->Editor->GetVisualValue());
+            return index.column() == 0 ? QzQString(node->Editor->GetName()) : QzQString(node->Editor->GetVisualValue());
         } catch (const Exception& e) {
-            return QStringLiteral("(%1)").arg(Q(e.Message()));
+            return QStringLiteral("(%1)").arg(QzQString(e.Message()));
         }
     }
     if (role == Qt::ForegroundRole && index.column() == 1 && node->Attributes.Contains(paReadOnly) &&
         !node->Attributes.Contains(paValueList) && !node->Attributes.Contains(paDialog))
         return QColor(Qt::darkGray);
     if (role == Qt::ToolTipRole && index.column() == 0)
-        return Q(node->Editor->GetPropType() ? node->Editor->GetPropType()->Name : AnsiString());
+        return QzQString(node->Editor->GetPropType() ? node->Editor->GetPropType()->Name : AnsiString());
     return {};
 }
 

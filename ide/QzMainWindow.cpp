@@ -9,6 +9,7 @@
 #include "ide/QzPalette.h"
 
 #include "vcl/QzDialogs.h"
+#include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 
 #include "rtl/ComponentStream.h"
@@ -27,7 +28,6 @@
 #include <QVBoxLayout>
 
 namespace {
-QString Q(const AnsiString& s) { return QString::fromStdString(s); }
 }
 
 TQzMainWindow::TQzMainWindow(QWidget* parent)
@@ -171,7 +171,7 @@ bool TQzMainWindow::OpenProject(const QString& path)
         return false;
     // Only the names now: a form is read when it is first shown.
     for (int i = 0; i < FProject->FormCount(); ++i)
-        FForms->addItem(Q(FProject->FormTitle(i)));
+        FForms->addItem(QzQString(FProject->FormTitle(i)));
     connect(FProject.get(), &TIdeProject::DesignerReloaded, this, [this](int index) {
         // Written from outside: the old surface goes, the new form shows.
         for (auto it = FSurfaces.begin(); it != FSurfaces.end();) {
@@ -187,8 +187,8 @@ bool TQzMainWindow::OpenProject(const QString& path)
         }
         ShowForm(index);
     });
-    setWindowTitle(tr("qzide - %1").arg(Q(FProject->Name())));
-    ShowStatus(tr("%1: %2 forms").arg(Q(FProject->Name())).arg(FProject->FormCount()));
+    setWindowTitle(tr("qzide - %1").arg(QzQString(FProject->Name())));
+    ShowStatus(tr("%1: %2 forms").arg(QzQString(FProject->Name())).arg(FProject->FormCount()));
     if (FProject->FormCount() > 0)
         ShowForm(0);
     return true;
@@ -235,7 +235,7 @@ TIdeDesigner* TQzMainWindow::ShowForm(int index)
                 FInspector->Rebuild();
             }
         });
-        FTabs->addTab(scroll, Q(FProject->FormTitle(index)));
+        FTabs->addTab(scroll, QzQString(FProject->FormTitle(index)));
     }
     FTabs->setCurrentIndex(TabOf(designer));
     FForms->setCurrentRow(index);
@@ -288,7 +288,7 @@ bool TQzMainWindow::SaveCurrent()
         return false;
     if (!QzRunReportingErrors(this, [d] { d->Save(); }))
         return false;
-    ShowStatus(tr("Saved %1").arg(Q(d->FileName())));
+    ShowStatus(tr("Saved %1").arg(QzQString(d->FileName())));
     return true;
 }
 
@@ -351,7 +351,7 @@ void TQzMainWindow::UpdateTitles()
     for (TIdeDesigner* d : FProject ? FProject->OpenDesigners() : std::vector<TIdeDesigner*>{}) {
         const int tab = TabOf(d);
         if (tab >= 0)
-            FTabs->setTabText(tab, Q(ExtractFileName(d->FileName())) + (d->IsModified() ? "*" : ""));
+            FTabs->setTabText(tab, QzQString(ExtractFileName(d->FileName())) + (d->IsModified() ? "*" : ""));
     }
 }
 
@@ -374,7 +374,7 @@ void TQzMainWindow::SelectionChanged(TIdeDesigner* designer)
     const auto selected = designer->SelectedComponents();
     if (selected.size() == 1) {
         TComponent* c = selected.front();
-        QString text = Q(c->Name() + ": " + StreamedClassName(c));
+        QString text = QzQString(c->Name() + ": " + StreamedClassName(c));
         if (QzIsControl(c)) {
             const QRect r = QzControlBounds(c);
             text += QStringLiteral("  (%1, %2, %3 x %4)").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
@@ -392,7 +392,7 @@ void TQzMainWindow::OpenProjectDialog()
     request.Filter = "C++Builder projects (*.bpr;*.cbproj)|*.bpr;*.cbproj|All files (*.*)|*.*";
     const AnsiString file = QzOpenFile(request);
     if (!file.empty())
-        OpenProject(Q(file));
+        OpenProject(QzQString(file));
 }
 
 void TQzMainWindow::closeEvent(QCloseEvent* event)

@@ -1,5 +1,7 @@
 #include "ide/QzPackageLoader.h"
 
+#include "vcl/QzQtString.h"
+
 #include "designide/QzPackageInterface.h"
 
 #include "rtl/SysUtils.h"
@@ -63,7 +65,7 @@ TQzPackageLoad QzLoadDesignPackageFile(const QString& fileName)
         entry();
     } catch (const Exception& e) {
         return Refused(fileName, QStringLiteral("The design package %1 failed to register: %2")
-                                     .arg(fileName, QString::fromStdString(e.Message())));
+                                     .arg(fileName, QzQString(e.Message())));
     }
     return {true, fileName, {}};
 }

@@ -2,6 +2,8 @@
 
 #include "ide/QzControlLook.h"
 
+#include "vcl/QzQtString.h"
+
 #include "runtime/components/QzPages.h"
 
 #include <QFontMetrics>
@@ -62,14 +64,14 @@ std::vector<TQzPageButton> QzPageButtons(TComponent* paged, const QRect& host, T
         for (int i = 0; i < bar->PageCount(); ++i) {
             const TRect r = bar->ButtonRect(i);
             buttons.push_back({bar->Pages(i), QRect(host.left() + r.Left, host.top() + r.Top, r.Width(), r.Height()),
-                               QString::fromStdString(QzPageTitle(paged, bar->Pages(i)))});
+                               QzQString(QzPageTitle(paged, bar->Pages(i)))});
         }
         return buttons;
     }
     int x = host.left() + 2;
     for (int i = 0; i < paged->ChildCount(); ++i) {
         TComponent* page = paged->Child(i);
-        const QString title = QString::fromStdString(QzPageTitle(paged, page));
+        const QString title = QzQString(QzPageTitle(paged, page));
         const int w = metrics.horizontalAdvance(title) + 14;
         const int lowered = page == shown ? 0 : 2;
         buttons.push_back({page, QRect(x, host.top() + lowered, w, QzTabRowHeight - lowered), title});

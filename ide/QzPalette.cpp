@@ -1,5 +1,7 @@
 #include "ide/QzPalette.h"
 
+#include "vcl/QzQtString.h"
+
 #include "runtime/components/QzPaletteBitmaps.h"
 
 #include "designide/DesignIntf.h"
@@ -15,7 +17,7 @@ namespace {
 // The letters that tell classes apart: "TQzPkgStrings" gives "PS".
 QString Initials(const AnsiString& className)
 {
-    QString name = QString::fromStdString(className);
+    QString name = QzQString(className);
     if (name.startsWith("TQz"))
         name = name.mid(3);
     else if (name.startsWith('T'))
@@ -95,8 +97,8 @@ void TQzPalette::Refresh()
             button->setIcon(QzPaletteIcon(cls));
             button->setIconSize(QSize(24, 24));
             button->setFixedSize(30, 30);
-            button->setToolTip(QString::fromStdString(cls->ClassName()));
-            button->setObjectName(QString::fromStdString(cls->ClassName()));
+            button->setToolTip(QzQString(cls->ClassName()));
+            button->setObjectName(QzQString(cls->ClassName()));
             button->setCheckable(true);
             button->setAutoRaise(true);
             FGroup->addButton(button);
@@ -104,7 +106,7 @@ void TQzPalette::Refresh()
             layout->addWidget(button);
         }
         layout->addStretch();
-        addTab(strip, QString::fromStdString(page.Name));
+        addTab(strip, QzQString(page.Name));
     }
     setFixedHeight(count() ? sizeHint().height() : 0);
 }
@@ -132,5 +134,5 @@ QStringList TQzPalette::PageNames() const
 
 QToolButton* TQzPalette::ButtonOf(TMetaClass* cls) const
 {
-    return cls ? findChild<QToolButton*>(QString::fromStdString(cls->ClassName())) : nullptr;
+    return cls ? findChild<QToolButton*>(QzQString(cls->ClassName())) : nullptr;
 }

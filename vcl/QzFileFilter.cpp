@@ -1,5 +1,6 @@
 #include "vcl/QzFileFilter.h"
 
+#include "vcl/QzQtString.h"
 #include "rtl/SysUtils.h"
 
 #include <QRegularExpression>
@@ -26,7 +27,7 @@ QStringList SplitMasks(const QString& masks)
 
 QList<TFilterPair> ParsePairs(const AnsiString& filter)
 {
-    const QStringList parts = QString::fromStdString(filter).split('|');
+    const QStringList parts = QzQString(filter).split('|');
     QList<TFilterPair> pairs;
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
         const QStringList masks = SplitMasks(parts[i + 1]);

@@ -1,6 +1,7 @@
 #include "vcl/QzQtDialogs.h"
 
 #include "vcl/QzFileFilter.h"
+#include "vcl/QzQtString.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -20,11 +21,6 @@
 namespace {
 
 constexpr int PreviewSize = 160;
-
-QString ToQt(const AnsiString& s)
-{
-    return QString::fromStdString(s);
-}
 
 QWidget* ParentOr(QWidget* parent)
 {
@@ -71,16 +67,16 @@ QAbstractButton* EscapeButton(const std::map<TMsgDlgBtn, QPushButton*>& buttons)
 
 QString MessageText(const AnsiString& text)
 {
-    QString qtext = ToQt(text);
+    QString qtext = QzQString(text);
     qtext.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     return qtext;
 }
 
 void SetUpFileDialog(QFileDialog& dialog, const TQzFileRequest& request)
 {
-    dialog.setWindowTitle(ToQt(request.Title));
+    dialog.setWindowTitle(QzQString(request.Title));
     if (!request.InitialDir.empty())
-        dialog.setDirectory(ToQt(request.InitialDir));
+        dialog.setDirectory(QzQString(request.InitialDir));
     const QStringList filters = QzConvertFilter(request.Filter);
     if (!filters.isEmpty()) {
         dialog.setNameFilters(filters);
@@ -90,9 +86,9 @@ void SetUpFileDialog(QFileDialog& dialog, const TQzFileRequest& request)
     AnsiString ext = request.DefaultExt;
     if (!ext.empty() && ext.front() == '.')
         ext.erase(0, 1);
-    dialog.setDefaultSuffix(ToQt(ext));
+    dialog.setDefaultSuffix(QzQString(ext));
     if (!request.FileName.empty())
-        dialog.selectFile(ToQt(request.FileName));
+        dialog.selectFile(QzQString(request.FileName));
 }
 
 void SetUpOpen(QFileDialog& dialog, const TQzFileRequest& request)
@@ -188,7 +184,7 @@ AnsiString QzPictureFilter(bool forWriting)
 TModalResult TQzQtDialogs::MessageBox(const TQzMessageRequest& request)
 {
     const AnsiString caption = request.Caption.empty() ? QzMessageCaption(request.Type) : request.Caption;
-    QMessageBox box(IconFor(request.Type), ToQt(caption), MessageText(request.Text), QMessageBox::NoButton,
+    QMessageBox box(IconFor(request.Type), QzQString(caption), MessageText(request.Text), QMessageBox::NoButton,
                     ParentOr(request.Parent));
     const TMsgDlgButtons buttons = request.Buttons.Empty() ? TMsgDlgButtons{mbOK} : request.Buttons;
     std::map<TMsgDlgBtn, QPushButton*> added;
@@ -226,7 +222,7 @@ AnsiString TQzQtDialogs::SaveFile(const TQzFileRequest& request)
 
 AnsiString TQzQtDialogs::SelectFolder(const AnsiString& title, const AnsiString& initialDir, QWidget* parent)
 {
-    return QFileDialog::getExistingDirectory(ParentOr(parent), ToQt(title), ToQt(initialDir)).toStdString();
+    return QFileDialog::getExistingDirectory(ParentOr(parent), QzQString(title), QzQString(initialDir)).toStdString();
 }
 
 std::vector<AnsiString> TQzQtDialogs::OpenPictures(const TQzFileRequest& request)

@@ -1,6 +1,7 @@
 #include "vcl/QzScriptedDialogs.h"
 
 #include "vcl/QzPrinter.h"
+#include "vcl/QzQtString.h"
 
 #include <QPrinter>
 #include <QtGlobal>
@@ -286,5 +287,5 @@ std::unique_ptr<QPrinter> TQzScriptedDialogs::CreatePrinter()
     const std::optional<TAnswer> answer = Take(call);
     // Without a scripted file the printer has nowhere to write: printing on
     // it fails with EPrinter instead of reaching a real printer.
-    return QzCreatePdfPrinter(answer ? QString::fromStdString(answer->Files.front()) : QString());
+    return QzCreatePdfPrinter(answer ? QzQString(answer->Files.front()) : QString());
 }

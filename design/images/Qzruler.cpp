@@ -1,5 +1,7 @@
 #include "design/images/Qzruler.h"
 
+#include "vcl/QzQtString.h"
+
 #include <QFontMetrics>
 #include <QPainter>
 #include <QRect>
@@ -164,7 +166,7 @@ void TQzRuler::Paint(QPainter& painter, const QRect& rect, int pixelsPerInch) co
         const int size = tick.Kind == rtMajor ? depth - 2 : tick.Kind == rtMedium ? depth / 2 : depth / 4;
         line(tick.Position, size);
         if (tick.Kind == rtMajor && !tick.Label.empty()) {
-            const QString label = QString::fromStdString(tick.Label);
+            const QString label = QzQString(tick.Label);
             if (horizontal)
                 painter.drawText(rect.left() + tick.Position + 2, rect.top() + metrics.ascent(), label);
             else

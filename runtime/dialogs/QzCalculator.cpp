@@ -1,6 +1,7 @@
 #include "runtime/dialogs/QzCalculator.h"
 
 #include "vcl/QzDialogs.h"
+#include "vcl/QzQtString.h"
 
 #include <QKeyEvent>
 
@@ -113,8 +114,8 @@ bool TFrQzCalculator::FormKeyPress(QKeyEvent* event)
 
 void TFrQzCalculator::ShowEngine()
 {
-    LbDisplay->setText(QString::fromStdString(FEngine.Display()));
-    LbExpression->setText(QString::fromStdString(FEngine.PendingText()));
+    LbDisplay->setText(QzQString(FEngine.Display()));
+    LbExpression->setText(QzQString(FEngine.PendingText()));
     LbMemory->setText(FEngine.HasMemory() ? QStringLiteral("M") : QString());
     BtOk->setEnabled(!FEngine.IsError());
 }
