@@ -235,8 +235,14 @@ TFolderProject::TFolderProject(const AnsiString& path)
     } else if (FileExists(full) && IsProjectFileName(full)) {
         FFolder = ExtractFileDir(full);
         FProjectFile = full;
+    } else if (FileExists(full) && IsFormFile(full)) {
+        // One form alone: a project of its folder holding only that form.
+        FFolder = ExtractFileDir(full);
+        FName = ChangeFileExt(ExtractFileName(full), "");
+        FModules.push_back({ChangeFileExt(full, ".cpp"), FName, {}, full});
+        return;
     } else {
-        throw EFOpenError("Cannot open project " + path + ": no such folder or project file");
+        throw EFOpenError("Cannot open project " + path + ": no such folder, project file or form file");
     }
 
     if (FProjectFile.empty()) {

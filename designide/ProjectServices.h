@@ -107,8 +107,9 @@ public:
 // folder and below (.cpp, .pas) and every form file without a unit.
 class TFolderProject : public TProjectServices {
 public:
-    // path: a folder or a project file (.bpr, .bpk, .cbproj). A project file
-    // that cannot be read raises, naming the file and the line.
+    // path: a folder, a project file (.bpr, .bpk, .cbproj) or a form file
+    // (a project of that form alone). A project file that cannot be read
+    // raises, naming the file and the line.
     explicit TFolderProject(const AnsiString& path);
 
     AnsiString ProjectName() const override { return FName; }

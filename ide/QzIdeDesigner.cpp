@@ -64,6 +64,14 @@ std::unique_ptr<TIdeDesigner> TIdeDesigner::Load(const AnsiString& fileName)
 TIdeDesigner::TIdeDesigner(std::unique_ptr<TFormDesigner> form) : FForm(std::move(form)), FUndo(new QUndoStack(this))
 {
     FForm->OnModified = [this] { emit Changed(); };
+    // Undoing or redoing back to the state last saved (or read) is the file
+    // as it is: nothing to save.
+    connect(FUndo, &QUndoStack::cleanChanged, this, [this](bool clean) {
+        if (!clean || !FForm->IsModified())
+            return;
+        FForm->ClearModified();
+        emit Changed();
+    });
 }
 
 TIdeDesigner::~TIdeDesigner() = default;

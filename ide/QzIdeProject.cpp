@@ -5,15 +5,12 @@
 #include "rtl/StringList.h"
 #include "rtl/SysUtils.h"
 
-TIdeProject::TIdeProject(const AnsiString& path, QObject* parent)
-    : QObject(parent), FServices(path), FPreviousServices(GetProjectServices())
+TIdeProject::TIdeProject(const AnsiString& path, QObject* parent) : QObject(parent), FServices(path)
 {
     FServices.SetDesigners(this);
-    SetProjectServices(&FServices);
-    TStringList names;
-    QzGetFormNames(&names);
-    for (int i = 0; i < names.Count(); ++i)
-        FForms.push_back(names.Strings(i));
+    for (int i = 0; i < FServices.ModuleCount(); ++i)
+        if (FServices.Module(i).HasForm())
+            FForms.push_back(FServices.Module(i).FormFileName());
 }
 
 TIdeProject::~TIdeProject()
@@ -21,6 +18,14 @@ TIdeProject::~TIdeProject()
     if (GetProjectServices() == &FServices)
         SetProjectServices(FPreviousServices);
     FServices.SetDesigners(nullptr);
+}
+
+void TIdeProject::Install()
+{
+    if (GetProjectServices() == &FServices)
+        return;
+    FPreviousServices = GetProjectServices();
+    SetProjectServices(&FServices);
 }
 
 AnsiString TIdeProject::FormTitle(int index) const { return ExtractFileName(FormName(index)); }

@@ -17,10 +17,15 @@ class TIdeProject : public QObject, public IOpenDesigners {
     Q_OBJECT
 
 public:
-    // path: a project file or a folder. Installs the project as the
-    // services the design package uses, until it goes.
+    // path: a project file, a folder or a form file; raises, naming the
+    // file and line, when it cannot be read.
     explicit TIdeProject(const AnsiString& path, QObject* parent = nullptr);
+    // Gives the services back to the ones it replaced, when installed.
     ~TIdeProject() override;
+    // Makes the project the services the design package uses, until it
+    // goes. Separate from loading, so a project that loads can wait while
+    // the one it replaces closes.
+    void Install();
 
     TFolderProject& Services() { return FServices; }
     AnsiString Name() const { return FServices.ProjectName(); }
@@ -57,7 +62,7 @@ private:
     AnsiString FormFileOnDisk(int index) const;
 
     TFolderProject FServices;
-    TProjectServices* FPreviousServices;
+    TProjectServices* FPreviousServices = nullptr;
     std::vector<AnsiString> FForms;
     std::map<int, std::unique_ptr<TIdeDesigner>> FDesigners;
     // Designers replaced or closed while an editor might still hold them.

@@ -12,6 +12,9 @@
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 
+#include "runtime/model/QzGlobals.h"
+#include "runtime/util/QzDesigner.h"
+
 #include "rtl/ComponentStream.h"
 #include "rtl/SysUtils.h"
 
@@ -26,6 +29,8 @@
 #include <QUndoGroup>
 #include <QUndoStack>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace {
 }
@@ -61,10 +66,24 @@ TQzMainWindow::TQzMainWindow(QWidget* parent)
     connect(FForms, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) { ShowForm(FForms->row(item)); });
     connect(FForms, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { ShowForm(FForms->row(item)); });
     resize(1400, 860);
+    InstallRuntimeHooks();
+}
+
+void TQzMainWindow::InstallRuntimeHooks()
+{
+    FPreviousDesignMode = std::exchange(QzDesignMode, true);
+    // A package editor marks the form that owns the package as changed.
+    FPreviousModifiedHook = SetQzDesignerModifiedHook([this](TComponent* owner) {
+        for (TIdeDesigner* d : FProject ? FProject->OpenDesigners() : std::vector<TIdeDesigner*>{})
+            if (owner == d->GetRoot() || owner->Owner() == d->GetRoot())
+                d->Modified();
+    });
 }
 
 TQzMainWindow::~TQzMainWindow()
 {
+    SetQzDesignerModifiedHook(std::move(FPreviousModifiedHook));
+    QzDesignMode = FPreviousDesignMode;
     // The surfaces and the docks refer to the designers the project owns.
     FTree->SetDesigner(nullptr);
     FInspector->SetDesigner(nullptr);
@@ -97,6 +116,7 @@ void TQzMainWindow::BuildMenus()
     tools->setObjectName(QStringLiteral("Standard"));
     QAction* open = file->addAction(tr("&Open Project..."), this, [this] { OpenProjectDialog(); });
     open->setShortcut(QKeySequence::Open);
+    file->addAction(tr("Open &Folder..."), this, [this] { OpenFolderDialog(); });
     QAction* save = file->addAction(tr("&Save"), this, [this] { SaveCurrent(); });
     save->setShortcut(QKeySequence::Save);
     QAction* saveAll = file->addAction(tr("Save A&ll"), this, [this] { SaveAll(); });
@@ -112,7 +132,8 @@ void TQzMainWindow::BuildMenus()
     QAction* undo = FUndo->createUndoAction(this, tr("&Undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction* redo = FUndo->createRedoAction(this, tr("&Redo"));
-    redo->setShortcut(QKeySequence::Redo);
+    // Ctrl+Y as the IDE has it, Ctrl+Shift+Z as other programs do.
+    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
     edit->addAction(undo);
     edit->addAction(redo);
     edit->addSeparator();
@@ -165,10 +186,15 @@ void TQzMainWindow::ShowStatus(const QString& text) { statusBar()->showMessage(t
 
 bool TQzMainWindow::OpenProject(const QString& path)
 {
+    // The project open stays open, unchanged, unless the new one loads and
+    // the user lets the old one go.
+    std::unique_ptr<TIdeProject> next;
+    if (!QzRunReportingErrors(this, [&] { next = std::make_unique<TIdeProject>(path.toStdString()); }))
+        return false;
     if (!CloseProject())
         return false;
-    if (!QzRunReportingErrors(this, [&] { FProject = std::make_unique<TIdeProject>(path.toStdString()); }))
-        return false;
+    FProject = std::move(next);
+    FProject->Install();
     // Only the names now: a form is read when it is first shown.
     for (int i = 0; i < FProject->FormCount(); ++i)
         FForms->addItem(QzQString(FProject->FormTitle(i)));
@@ -358,10 +384,13 @@ void TQzMainWindow::UpdateTitles()
 void TQzMainWindow::DesignerChanged(TIdeDesigner* designer)
 {
     UpdateTitles();
+    // Open package editors follow what the designer did to packages.
+    QzFormsPerform(QzMasterMessage);
     if (designer != CurrentDesigner())
         return;
     FTree->Rebuild();
     FInspector->RefreshValues();
+    ShowSelection(designer);
 }
 
 void TQzMainWindow::SelectionChanged(TIdeDesigner* designer)
@@ -371,6 +400,11 @@ void TQzMainWindow::SelectionChanged(TIdeDesigner* designer)
     UpdateEditActions();
     FTree->SyncSelection();
     FInspector->Rebuild();
+    ShowSelection(designer);
+}
+
+void TQzMainWindow::ShowSelection(TIdeDesigner* designer)
+{
     const auto selected = designer->SelectedComponents();
     if (selected.size() == 1) {
         TComponent* c = selected.front();
@@ -389,10 +423,20 @@ void TQzMainWindow::OpenProjectDialog()
 {
     TQzFileRequest request;
     request.Title = "Open Project";
-    request.Filter = "C++Builder projects (*.bpr;*.cbproj)|*.bpr;*.cbproj|All files (*.*)|*.*";
+    request.Filter = "Projects and forms (*.bpr;*.bpk;*.cbproj;*.dfm)|*.bpr;*.bpk;*.cbproj;*.dfm|"
+                     "C++Builder projects (*.bpr;*.bpk;*.cbproj)|*.bpr;*.bpk;*.cbproj|Forms (*.dfm)|*.dfm|"
+                     "All files (*.*)|*.*";
+    request.Parent = this;
     const AnsiString file = QzOpenFile(request);
     if (!file.empty())
         OpenProject(QzQString(file));
+}
+
+void TQzMainWindow::OpenFolderDialog()
+{
+    const AnsiString folder = QzDialogs().SelectFolder("Open Folder of Forms", {}, this);
+    if (!folder.empty())
+        OpenProject(QzQString(folder));
 }
 
 void TQzMainWindow::closeEvent(QCloseEvent* event)

@@ -3,6 +3,8 @@
 // component palette, the project's forms, the component tree and object
 // inspector of the current form, and the open forms' designers in tabs.
 
+#include "runtime/util/QzDesigner.h"
+
 #include "rtl/System.h"
 
 #include <QMainWindow>
@@ -27,8 +29,9 @@ public:
     explicit TQzMainWindow(QWidget* parent = nullptr);
     ~TQzMainWindow() override;
 
-    // Opens a project file or folder, closing the one open (asking to save
-    // its changes first); false when the user cancelled or it cannot be read.
+    // Opens a project file, a folder of forms or a form file, then closes
+    // the one open (asking to save its changes first); false, with the one
+    // open as it was, when the user cancelled or it cannot be read.
     bool OpenProject(const QString& path);
     // Shows the project's index-th form, reading it first when needed; an
     // unreadable form is reported (naming the file and line) and not opened.
@@ -62,12 +65,18 @@ private:
     void CurrentTabChanged();
     void DesignerChanged(TIdeDesigner* designer);
     void SelectionChanged(TIdeDesigner* designer);
+    // The selected component and its bounds in the status bar.
+    void ShowSelection(TIdeDesigner* designer);
+    // Design mode on, and the runtime's package editors marking the forms
+    // they change, while the window lives.
+    void InstallRuntimeHooks();
     int TabOf(TIdeDesigner* designer) const;
     int FormIndexOf(TIdeDesigner* designer) const;
     void UpdateTitles();
     // Cut, Copy and Delete want components selected, Paste a form open.
     void UpdateEditActions();
     void OpenProjectDialog();
+    void OpenFolderDialog();
     // Asks whether to save designer's changes: true to go on (saved or
     // discarded), false when cancelled.
     bool AskToSave(TIdeDesigner* designer);
@@ -85,4 +94,6 @@ private:
     QAction* FDelete = nullptr;
     QAction* FSelectAll = nullptr;
     std::map<TIdeDesigner*, TQzDesignSurface*> FSurfaces;
+    TQzDesignerModifiedHook FPreviousModifiedHook;
+    bool FPreviousDesignMode = false;
 };

@@ -232,6 +232,14 @@ TEST(ProjectServices, AFolderWithoutProjectFileHasItsUnitsAndLooseForms)
     EXPECT_EQ(QzGetModuleCount(), 4);
     EXPECT_EQ(names.Text(), folder / "Loose.dfm\r\n" + folder / "Main.dfm\r\n" + folder / "sub/Page.dfm\r\n");
     EXPECT_NE(QzDelphiDesignForm(folder / "Loose.dfm"), nullptr);
+
+    // A form file alone is a project of that form, in its folder.
+    TFolderProject single(folder / "sub/Page.dfm");
+    EXPECT_EQ(single.ProjectName(), "Page");
+    EXPECT_EQ(single.Folder(), folder / "sub");
+    ASSERT_EQ(single.FormCount(), 1);
+    EXPECT_EQ(single.Module(0).FormFileName(), folder / "sub/Page.dfm");
+    EXPECT_THROW(TFolderProject(folder / "Main.cpp"), EFOpenError);
 }
 
 TEST(ProjectServices, ProjectFilesOfBothGenerationsListTheirUnits)
