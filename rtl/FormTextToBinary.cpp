@@ -156,10 +156,13 @@ void TTextToBinary::ConvertValue()
         ConvertString();
         --Depth;
         return;  // the string has read its own following token
-    case toSymbol:
-        CheckName(P.TokenText(), "Identifier");
-        W.WriteIdent(P.TokenComponentIdent());
+    case toSymbol: {
+        // Dotted parts count: the whole reference is one name in the stream.
+        const std::string_view ident = P.TokenComponentIdent();
+        CheckName(ident, "Identifier");
+        W.WriteIdent(ident);
         break;
+    }
     case toInteger:
         W.WriteInteger(P.TokenInt());
         break;

@@ -218,6 +218,7 @@ TEST(FormText, BadTextIsReportedWithItsLine)
         // whose length reads as the flags' prefix, values beyond their type.
         {("object Form1: T" + std::string(239, 'x') + "\nend\n"), "line 1: Class name too long"},
         {("object Form1: TForm1\n  A = " + std::string(256, 'x') + "\nend\n"), "line 2: Identifier too long"},
+        {("object Form1: TForm1\n  A = Form1." + std::string(250, 'x') + "\nend\n"), "line 2: Identifier too long"},
         {"object Form1: TForm1\n  A = 836E49584D\nend\n", "line 2: Invalid floating point value 836E49584D"},
         {"object Form1: TForm1\n  A = 1e39s\nend\n", "line 2: Floating point value out of range 1e39s"},
         // Null is stored as the byte that ends a list.
