@@ -52,7 +52,8 @@ AnsiString StreamedClassName(const TComponent* component);
 // Reads a form in any of the three formats into a new root component,
 // which the caller owns. The code page decodes 8-bit strings.
 std::unique_ptr<TComponent> ReadForm(std::string_view form, const TFormTextOptions& options = {});
-// Reads a binary stream (starting with its signature) into an existing root.
+// Reads a binary stream (starting with its signature) into an existing root;
+// a stream that is refused leaves the root as it was.
 void ReadComponentData(std::string_view binary, TComponent* root, const TFormTextOptions& options = {});
 // The component and everything it streams, as a binary stream.
 std::string WriteComponentData(TComponent* root, const TFormTextOptions& options = {});
