@@ -344,10 +344,7 @@ void TQzPkgDisplay::SetGeometry(Integer TQzDisplayGeometry::*field, Integer valu
 {
     if (value < 0)
         throw EQzPkgError("Invalid display measure " + IntToStr(value) + ": measures are 0 or more");
-    if (FGeometry.*field == value)
-        return;
-    FGeometry.*field = value;
-    Change();
+    ChangeField(FGeometry.*field, value);
 }
 
 void TQzPkgDisplay::SetCWButtonsHeight(Integer value) { SetGeometry(&TQzDisplayGeometry::CWButtonsHeight, value); }
@@ -367,18 +364,12 @@ void TQzPkgDisplay::SetHiMarginTop(Integer value) { SetGeometry(&TQzDisplayGeome
 
 void TQzPkgDisplay::SetCWWinRgn(bool value)
 {
-    if (value == FGeometry.CWWinRgn)
-        return;
-    FGeometry.CWWinRgn = value;
-    Change();
+    ChangeField(FGeometry.CWWinRgn, value);
 }
 
 void TQzPkgDisplay::SetHiWinRgn(bool value)
 {
-    if (value == FGeometry.HiWinRgn)
-        return;
-    FGeometry.HiWinRgn = value;
-    Change();
+    ChangeField(FGeometry.HiWinRgn, value);
 }
 
 void TQzPkgDisplay::SetUserColors(TStrings* value)
@@ -394,18 +385,12 @@ void TQzPkgDisplay::SetUserColors(TStrings* value)
 
 void TQzPkgDisplay::SetLastUpdateFile(const AnsiString& value)
 {
-    if (value == FLastUpdateFile)
-        return;
-    FLastUpdateFile = value;
-    Change();
+    ChangeField(FLastUpdateFile, value);
 }
 
 void TQzPkgDisplay::SetUpdateDateTime(TDateTime value)
 {
-    if (value == FUpdateDateTime)
-        return;
-    FUpdateDateTime = value;
-    Change();
+    ChangeField(FUpdateDateTime, value);
 }
 
 // The "System" images are the suite's: clearing the package leaves them.

@@ -190,6 +190,15 @@ protected:
     TQzWindowPlacement TransferContentHeader(TQzPkgTransfer& t, Integer version) const;
     // The end of a load: the placement read, and one change for it all.
     void CommitContents(const TQzWindowPlacement& placement);
+    // A field's new value, as a change of the contents when it differs.
+    template <class V>
+    void ChangeField(V& field, const V& value)
+    {
+        if (field == value)
+            return;
+        field = value;
+        Change();
+    }
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgInfo>& b);

@@ -88,18 +88,12 @@ TQzPkgLanguage::~TQzPkgLanguage()
 
 void TQzPkgLanguage::SetLastUpdateFile(const AnsiString& value)
 {
-    if (value == FLastUpdateFile)
-        return;
-    FLastUpdateFile = value;
-    Change();
+    ChangeField(FLastUpdateFile, value);
 }
 
 void TQzPkgLanguage::SetUpdateDateTime(TDateTime value)
 {
-    if (value == FUpdateDateTime)
-        return;
-    FUpdateDateTime = value;
-    Change();
+    ChangeField(FUpdateDateTime, value);
 }
 
 void TQzPkgLanguage::Clear()

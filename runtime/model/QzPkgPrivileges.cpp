@@ -169,18 +169,12 @@ TQzPkgPrivileges::TQzPkgPrivileges(TComponent* owner) : TQzPkgInfo(owner) {}
 
 void TQzPkgPrivileges::SetKey(const AnsiString& value)
 {
-    if (value == FKey)
-        return;
-    FKey = value;
-    Change();
+    ChangeField(FKey, value);
 }
 
 void TQzPkgPrivileges::SetReadStateDisableControl(bool value)
 {
-    if (value == FReadStateDisableControl)
-        return;
-    FReadStateDisableControl = value;
-    Change();
+    ChangeField(FReadStateDisableControl, value);
 }
 
 void TQzPkgPrivileges::Clear()
