@@ -2,7 +2,7 @@
 
 #include "runtime/model/QzRegistry.h"
 #include "runtime/model/QzTypes.h"
-#include "runtime/util/QzGraphicFormats.h"
+#include "runtime/pictures/QzGraphicFormats.h"
 
 #include "rtl/ComponentStream.h"
 #include "rtl/Filer.h"

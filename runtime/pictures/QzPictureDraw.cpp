@@ -3,7 +3,7 @@
 #include "runtime/model/QzMemory.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/pictures/QzPicture.h"
-#include "runtime/util/Qzdrawutil.h"
+#include "runtime/pictures/Qzdrawutil.h"
 
 #include <QPainter>
 

@@ -1,6 +1,6 @@
 #include "runtime/pictures/QzPictureFormats.h"
 
-#include "runtime/util/QzGraphicFormats.h"
+#include "runtime/pictures/QzGraphicFormats.h"
 
 #include <QBuffer>
 #include <QByteArray>

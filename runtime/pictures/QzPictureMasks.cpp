@@ -2,7 +2,7 @@
 
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/pictures/QzPictureBytes.h"
-#include "runtime/util/Qzdrawutil.h"
+#include "runtime/pictures/Qzdrawutil.h"
 
 #include <QByteArray>
 

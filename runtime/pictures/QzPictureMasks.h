@@ -18,7 +18,7 @@
 // docs/file-formats.md describes the blocks.
 
 #include "runtime/model/QzTypes.h"
-#include "runtime/util/Qzdrawutil.h"
+#include "runtime/pictures/Qzdrawutil.h"
 
 #include <QImage>
 #include <QRegion>

@@ -1,7 +1,7 @@
 // File-name helpers, the program and install folders, and the picture
 // formats offered to image dialogs.
 
-#include "runtime/util/QzGraphicFormats.h"
+#include "runtime/pictures/QzGraphicFormats.h"
 #include "runtime/util/QzPaths.h"
 
 #include "rtl/StringList.h"

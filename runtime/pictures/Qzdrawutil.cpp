@@ -1,4 +1,4 @@
-#include "runtime/util/Qzdrawutil.h"
+#include "runtime/pictures/Qzdrawutil.h"
 
 #include "runtime/model/QzMemory.h"
 #include "runtime/model/QzPkgImages.h"

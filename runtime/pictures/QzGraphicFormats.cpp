@@ -1,4 +1,4 @@
-#include "runtime/util/QzGraphicFormats.h"
+#include "runtime/pictures/QzGraphicFormats.h"
 
 #include "rtl/Persistent.h"
 

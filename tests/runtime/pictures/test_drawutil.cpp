@@ -1,7 +1,7 @@
 // Drawing the picture a memory image points at: placement, stretching,
 // transparency and states, on a small picture whose pixels are known.
 
-#include "runtime/util/Qzdrawutil.h"
+#include "runtime/pictures/Qzdrawutil.h"
 
 #include "runtime/model/QzMemory.h"
 #include "runtime/model/QzPkgImages.h"

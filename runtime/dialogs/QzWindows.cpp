@@ -1,4 +1,4 @@
-#include "runtime/util/QzWindows.h"
+#include "runtime/dialogs/QzWindows.h"
 
 #include "vcl/QzWindowBounds.h"  // the declarations above must match vcl's
 

@@ -1,6 +1,6 @@
 // Centring a window over its parent or on the screen.
 
-#include "runtime/util/QzWindows.h"
+#include "runtime/dialogs/QzWindows.h"
 
 #include "support/gui/QzTestApp.h"
 
