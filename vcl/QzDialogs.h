@@ -4,6 +4,7 @@
 // Programs use Qt's windows (the default); tests install a scripted
 // implementation so that no test ever waits on a real modal box.
 
+#include "rtl/MessageType.h"
 #include "rtl/ModalResult.h"
 #include "rtl/System.h"
 
@@ -14,10 +15,6 @@
 
 class QPrinter;
 class QWidget;
-
-// The kinds of message box, in the order and with the values of the suite's
-// message types (3 asks for confirmation, 2 informs).
-enum TMsgDlgType : int { mtWarning = 0, mtError = 1, mtInformation = 2, mtConfirmation = 3, mtCustom = 4 };
 
 // Buttons of a message box; a box shows them in this order.
 enum TMsgDlgBtn : int {

@@ -2,6 +2,7 @@
 
 #include "runtime/dialogs/QzCalculator.h"
 #include "runtime/dialogs/QzCalendar.h"
+#include "runtime/dialogs/QzMessageBox.h"
 #include "runtime/model/QzApplication.h"
 
 #include <QApplication>
@@ -25,4 +26,5 @@ bool RunCalendar(TDateTime& value)
 void RegisterQzStandardWindows()
 {
     SetQzStandardWindows({RunCalculator, RunCalendar});
+    SetQzMessageBoxHook(QzShowMessageBox);
 }

@@ -1,6 +1,7 @@
 #pragma once
 // Installs the calculator and calendar windows as the application object's
-// standard windows (TQzCApplication::Calculator and Calendar). Hosts call
-// it once at start; the model itself knows no windows.
+// standard windows (TQzCApplication::Calculator and Calendar), and the box
+// that shows package messages. Hosts call it once at start; the model
+// itself knows no windows.
 
 void RegisterQzStandardWindows();

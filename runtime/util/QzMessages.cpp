@@ -8,49 +8,7 @@
 
 namespace {
 
-struct TKindButton {
-    TQzButtonKind Kind;
-    TMsgDlgBtn Button;
-};
-
-constexpr TKindButton KindButtons[] = {
-    {bkOK, mbOK},       {bkCancel, mbCancel}, {bkYes, mbYes},       {bkNo, mbNo},   {bkClose, mbCancel},
-    {bkAbort, mbAbort}, {bkRetry, mbRetry},   {bkIgnore, mbIgnore}, {bkAll, mbAll},
-};
-
-bool ButtonOf(TQzButtonKind kind, TMsgDlgBtn& button)
-{
-    for (const TKindButton& kb : KindButtons)
-        if (kb.Kind == kind) {
-            button = kb.Button;
-            return true;
-        }
-    return false;
-}
-
-bool Offered(const std::vector<TQzButtonKind>& kinds, TQzButtonKind kind)
-{
-    for (TQzButtonKind k : kinds)
-        if (k == kind)
-            return true;
-    return false;
-}
-
-TQzButtonKind KindOf(TModalResult result, const std::vector<TQzButtonKind>& kinds)
-{
-    switch (result) {
-    case mrOk: return bkOK;
-    // Cancel stands for Close when only Close was offered.
-    case mrCancel: return Offered(kinds, bkClose) && !Offered(kinds, bkCancel) ? bkClose : bkCancel;
-    case mrYes: return bkYes;
-    case mrNo: return bkNo;
-    case mrAbort: return bkAbort;
-    case mrRetry: return bkRetry;
-    case mrIgnore: return bkIgnore;
-    case mrAll: return bkAll;
-    default: return bkCustom;
-    }
-}
+TQzMessageBoxHook MessageBoxHook = nullptr;
 
 // The caption of a box of that type, when the "System" strings translate it.
 AnsiString CaptionOf(TQzMessageType type)
@@ -95,28 +53,12 @@ AnsiString FormatMessage(const AnsiString& text, std::initializer_list<TVarRec> 
 TQzButtonKind Show(TQzMessageType type, const AnsiString& text, const TQzButtonKind* buttons, int lastButton,
                    TQzButtonKind defaultButton)
 {
+    if (MessageBoxHook == nullptr)
+        return bkCustom;
     std::vector<TQzButtonKind> kinds;
-    TQzMessageRequest request;
-    request.Text = text;
-    request.Caption = CaptionOf(type);
-    request.Type = type;
-    request.Buttons = {};
-    for (int i = 0; buttons != nullptr && i <= lastButton; ++i) {
-        TMsgDlgBtn button = mbOK;
-        if (ButtonOf(buttons[i], button)) {
-            kinds.push_back(buttons[i]);
-            request.Buttons << button;
-        }
-    }
-    if (request.Buttons.Empty()) {
-        kinds.push_back(bkOK);
-        request.Buttons << mbOK;
-    }
-    TMsgDlgBtn defaultBtn = mbOK;
-    if (!Offered(kinds, defaultButton) || !ButtonOf(defaultButton, defaultBtn))
-        ButtonOf(kinds.front(), defaultBtn);
-    request.DefaultButton = defaultBtn;
-    return KindOf(QzDialogs().MessageBox(request), kinds);
+    for (int i = 0; buttons != nullptr && i <= lastButton; ++i)
+        kinds.push_back(buttons[i]);
+    return MessageBoxHook(type, CaptionOf(type), text, kinds, defaultButton);
 }
 
 } // namespace
@@ -155,4 +97,9 @@ TQzButtonKind QzMsgPkgArgs(TQzMessageType type, const AnsiString& pkgName, Integ
                            TQzButtonKind defaultButton)
 {
     return QzMsgPkgArgs(type, pkgName, msgId, args, buttons.begin(), int(buttons.size()) - 1, defaultButton);
+}
+
+void SetQzMessageBoxHook(TQzMessageBoxHook hook)
+{
+    MessageBoxHook = hook;
 }

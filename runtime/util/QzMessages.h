@@ -4,13 +4,15 @@
 // way, from the package "System", so that a translated language file
 // translates them too.
 //
-// The box goes through the dialog seam of vcl (QzDialogs()), so a test
-// answers it from a script.
+// The box itself is shown through a hook that the runtime's windows fill
+// (RegisterQzStandardWindows, over the dialog seam of vcl, so a test
+// answers it from a script); the model knows no window.
 
+#include "rtl/MessageType.h"
 #include "rtl/SysUtils.h"
-#include "vcl/QzDialogs.h"
 
 #include <initializer_list>
+#include <vector>
 
 // The message types keep the suite's values: 2 informs, 3 asks for
 // confirmation.
@@ -48,3 +50,12 @@ TQzButtonKind QzMsgPkgArgs(TQzMessageType type, const AnsiString& pkgName, Integ
 TQzButtonKind QzMsgPkgArgs(TQzMessageType type, const AnsiString& pkgName, Integer msgId,
                            std::initializer_list<TVarRec> args, std::initializer_list<TQzButtonKind> buttons,
                            TQzButtonKind defaultButton);
+
+// Shows a box of type with caption (empty: the box names its type itself)
+// and text, offering the kinds given (those without a button left out; with
+// none, OK) and defaultKind on Enter; returns the kind pressed.
+using TQzMessageBoxHook = TQzButtonKind (*)(TQzMessageType type, const AnsiString& caption, const AnsiString& text,
+                                            const std::vector<TQzButtonKind>& kinds, TQzButtonKind defaultKind);
+// Without a hook no box can be shown and every message answers bkCustom,
+// so nothing is ever taken as confirmed.
+void SetQzMessageBoxHook(TQzMessageBoxHook hook);

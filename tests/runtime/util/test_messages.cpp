@@ -4,6 +4,7 @@
 
 #include "runtime/util/QzMessages.h"
 
+#include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/model/QzPkgStrings.h"
 #include "runtime/system/QzSystemStrings.h"
 #include "vcl/QzScriptedDialogs.h"
@@ -16,6 +17,7 @@ class PkgMessages : public ::testing::Test {
 protected:
     PkgMessages() : FScope(FDialogs)
     {
+        RegisterQzStandardWindows();
         FDialogs.SetFailureHandler([](const AnsiString& message) { ADD_FAILURE() << message; });
         FUser.SetPkgName("User");
         FUser.Messages()->Add(smDeleteImage, "Delete this picture?");
