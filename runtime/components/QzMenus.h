@@ -7,9 +7,6 @@
 #include "runtime/components/Menus.h"
 #include "runtime/components/QzControl.h"
 
-#include <QPointer>
-#include <QObject>
-
 // What a menu item does beyond its own handler: the edit commands a
 // "system menu" holds. Build SystemMenu adds one item of each.
 enum TQzMenuItemKind { mkNormal, mkUndo, mkCut, mkCopy, mkPaste, mkDelete, mkSelectAll };
@@ -85,8 +82,9 @@ private:
     TComponent* FRootOf = nullptr;
 };
 
-// What the three menus share: the root item, the item that lists the open
-// windows, and the menus editor that the designer keeps open for it.
+// What the three menus share: the root item and the item that lists the
+// open windows. The menus editor the designer keeps open for a menu is the
+// design side's to remember (designide/ComponentDesignState.h).
 class TQzMenuParts {
 public:
     explicit TQzMenuParts(TComponent* menu);
@@ -98,17 +96,12 @@ public:
     // raises EInvalidOperation.
     void SetWindowsList(TQzMenuItem* value);
     bool ValidAssignWindowsList(const TQzMenuItem* item) const;
-    // The designer's menus editor for this menu, created on first use and
-    // kept; null again once that window is gone.
-    QObject* MenusEditor() const { return FMenusEditor.data(); }
-    void SetMenusEditor(QObject* editor) { FMenusEditor = editor; }
     void Notification(TComponent* component, TOperation operation);
 
 private:
     TComponent* FMenu;
     std::unique_ptr<TQzMenuItem> FItems;
     TQzMenuItem* FWindowsList = nullptr;
-    QPointer<QObject> FMenusEditor;
 };
 
 template <class T>
