@@ -301,6 +301,12 @@ AnsiString QzFormCaption(TComponent* root)
     return caption.empty() ? root->Name() : caption;
 }
 
+namespace {
+// Captions mark their mnemonic with '&' ("&&" is an ampersand): underlined
+// as the platform draws them.
+constexpr int CaptionFlags = Qt::TextShowMnemonic;
+}  // namespace
+
 void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
 {
     const AnsiString className = StreamedClassName(component);
@@ -314,12 +320,15 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
     if (caption.isEmpty())
         caption = text;
     p.save();
-    p.setClipRect(r.adjusted(0, 0, 1, 1));
+    // Within what the parent clips to: a control never shows outside its
+    // parent's client area.
+    p.setClipRect(r.adjusted(0, 0, 1, 1), p.hasClipping() ? Qt::IntersectClip : Qt::ReplaceClip);
     const QRect inner = r.adjusted(1, 1, -1, -1);
     switch (QzLookOf(className)) {
     case TQzLook::Label:
         p.setPen(pal.color(QPalette::WindowText));
-        p.drawText(r, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, caption.isEmpty() ? QzQString(component->Name()) : caption);
+        p.drawText(r, Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap | CaptionFlags,
+                   caption.isEmpty() ? QzQString(component->Name()) : caption);
         break;
     case TQzLook::Edit:
     case TQzLook::ComboBox:
@@ -350,7 +359,7 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
         DrawFrame(p, r, true);
         DrawFrame(p, inner, true);
         p.setPen(pal.color(QPalette::ButtonText));
-        p.drawText(r, Qt::AlignCenter, caption.isEmpty() ? QzQString(component->Name()) : caption);
+        p.drawText(r, Qt::AlignCenter | CaptionFlags, caption.isEmpty() ? QzQString(component->Name()) : caption);
         break;
     case TQzLook::CheckBox:
     case TQzLook::RadioButton: {
@@ -365,13 +374,14 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
         p.setPen(pal.color(QPalette::WindowText));
         if (checked)
             p.drawText(box, Qt::AlignCenter, QStringLiteral("\u2713"));
-        p.drawText(r.adjusted(18, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, caption.isEmpty() ? QzQString(component->Name()) : caption);
+        p.drawText(r.adjusted(18, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter | CaptionFlags,
+                   caption.isEmpty() ? QzQString(component->Name()) : caption);
         break;
     }
     case TQzLook::Panel:
         DrawFrame(p, r, true);
         p.setPen(pal.color(QPalette::WindowText));
-        p.drawText(r, Qt::AlignCenter, caption);
+        p.drawText(r, Qt::AlignCenter | CaptionFlags, caption);
         break;
     case TQzLook::GroupBox: {
         const QRect frame = r.adjusted(0, 6, 0, 0);
@@ -379,11 +389,11 @@ void QzPaintControl(QPainter& p, TComponent* component, const QRect& r)
         p.setBrush(Qt::NoBrush);
         p.drawRect(frame.adjusted(0, 0, -1, -1));
         const QString shown = caption.isEmpty() ? QzQString(component->Name()) : caption;
-        const int w = p.fontMetrics().horizontalAdvance(shown) + 6;
+        const int w = p.fontMetrics().boundingRect(QRect(), CaptionFlags, shown).width() + 6;
         const QRect title(r.left() + 8, r.top() - 1, w, p.fontMetrics().height());
         p.fillRect(title, pal.color(QPalette::Window));
         p.setPen(pal.color(QPalette::WindowText));
-        p.drawText(title, Qt::AlignCenter, shown);
+        p.drawText(title, Qt::AlignCenter | CaptionFlags, shown);
         break;
     }
     case TQzLook::Image: {

@@ -118,6 +118,10 @@ QSize TQzDesignSurface::sizeHint() const
     return all.adjusted(0, 0, Margin, Margin).size() + QSize(Margin, Margin);
 }
 
+// The whole form, however large, stays reachable by scrolling: the scroll
+// area around the surface never shrinks it below its size.
+QSize TQzDesignSurface::minimumSizeHint() const { return sizeHint(); }
+
 // What the form names, unless the designer shows another page of a control
 // it cannot set (a class it does not know).
 TComponent* TQzDesignSurface::ActiveSheet(TComponent* paged) const
@@ -331,7 +335,7 @@ void TQzDesignSurface::PaintPageButtons(QPainter& p, TComponent* paged)
         if (!tabs)
             p.drawLine(b.Rect.bottomLeft(), b.Rect.bottomRight());
         p.setPen(Qt::black);
-        p.drawText(b.Rect, Qt::AlignCenter, b.Title);
+        p.drawText(b.Rect, Qt::AlignCenter | Qt::TextShowMnemonic, b.Title);
     }
 }
 

@@ -63,6 +63,7 @@ public:
     void SelectAll();
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

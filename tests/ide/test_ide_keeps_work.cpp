@@ -5,6 +5,7 @@
 
 #include "IdeFixture.h"
 
+#include "ide/QzDesignSurface.h"
 #include "ide/QzIdeProject.h"
 #include "ide/QzInspector.h"
 
@@ -19,10 +20,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTest>
 #include <QUndoStack>
+
+#include <set>
 
 namespace {
 
@@ -217,4 +222,79 @@ TEST_F(TIdeKeepsWorkTest, TheRuntimesDesignHooksAreInstalled)
     EXPECT_FALSE(QzDesignMode);
     FWindow = std::make_unique<TQzMainWindow>();
     ASSERT_TRUE(FWindow->OpenProject(Path("DemoApp.bpr")));
+}
+
+// A form of foreign classes larger than any window: a panel whose edit
+// reaches past its right side, and labels whose captions mark mnemonics.
+class TIdeLargeFormTest : public TIdeTest {
+protected:
+    void SetUp() override
+    {
+        TIdeTest::SetUp();
+        WriteBytes(FOther.filePath("Big.dfm"), "object Big: TForm\r\n"
+                                               "  ClientWidth = 3000\r\n  ClientHeight = 2000\r\n"
+                                               "  object Panel1: TPanel\r\n"
+                                               "    Left = 8\r\n    Top = 8\r\n    Width = 100\r\n    Height = 60\r\n"
+                                               "    object Edit1: TEdit\r\n"
+                                               "      Left = 60\r\n      Top = 20\r\n      Width = 200\r\n      Height = 21\r\n"
+                                               "    end\r\n"
+                                               "  end\r\n"
+                                               "  object Label1: TLabel\r\n"
+                                               "    Left = 8\r\n    Top = 100\r\n    Width = 80\r\n    Height = 16\r\n"
+                                               "    Caption = '&Save'\r\n  end\r\n"
+                                               "  object Label2: TLabel\r\n"
+                                               "    Left = 8\r\n    Top = 132\r\n    Width = 80\r\n    Height = 16\r\n"
+                                               "    Caption = 'Save'\r\n  end\r\n"
+                                               "end\r\n");
+        ASSERT_TRUE(FWindow->OpenProject(FOther.path()));
+        ASSERT_NE(Big(), nullptr);
+    }
+    TIdeDesigner* Big() const { return FWindow->Project()->Designer(0); }
+    QImage Painted() const { return Surface(Big())->grab().toImage(); }
+    QRect Rect(const char* name) const { return Surface(Big())->SurfaceRect(Big()->GetComponent(name)); }
+
+    QTemporaryDir FOther;
+};
+
+TEST_F(TIdeLargeFormTest, AFormLargerThanTheWindowScrollsIntoView)
+{
+    FWindow->resize(900, 600);
+    FWindow->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(FWindow.get()));
+    auto* scroll = qobject_cast<QScrollArea*>(FWindow->FormTabs()->currentWidget());
+    ASSERT_NE(scroll, nullptr);
+    EXPECT_GE(Surface(Big())->width(), 3000);
+    EXPECT_GE(Surface(Big())->height(), 2000);
+    scroll->ensureVisible(Surface(Big())->width() - 1, Surface(Big())->height() - 1);
+    EXPECT_GT(scroll->horizontalScrollBar()->value(), 2000);
+    EXPECT_GT(scroll->verticalScrollBar()->value(), 1000);
+}
+
+TEST_F(TIdeLargeFormTest, ChildrenAreDrawnOnlyInsideTheirParent)
+{
+    const QImage image = Painted();
+    const QRect panel = Rect("Panel1");
+    const QRect edit = Rect("Edit1");
+    ASSERT_GT(edit.right(), panel.right() + 20);
+    const QColor white = QApplication::palette().color(QPalette::Base);
+    // Inside the panel the edit's white shows; past the panel's side, the form.
+    EXPECT_EQ(image.pixelColor(panel.right() - 4, edit.center().y()), white);
+    for (int x = panel.right() + 2; x < edit.right(); x += 7)
+        EXPECT_NE(image.pixelColor(x, edit.center().y()), white) << x;
+}
+
+TEST_F(TIdeLargeFormTest, AnAmpersandUnderlinesTheNextCharacter)
+{
+    const QImage image = Painted();
+    const QRect marked = Rect("Label1");
+    const QRect plain = Rect("Label2");
+    // The two captions differ only by the line under the S: a few pixel rows.
+    std::set<int> rows;
+    for (int y = 0; y < marked.height(); ++y)
+        for (int x = 0; x < marked.width(); ++x)
+            if (image.pixel(marked.left() + x, marked.top() + y) != image.pixel(plain.left() + x, plain.top() + y))
+                rows.insert(y);
+    ASSERT_FALSE(rows.empty()) << "no underline";
+    EXPECT_LE(*rows.rbegin() - *rows.begin(), 2);
+    EXPECT_GT(*rows.begin(), marked.height() / 2);
 }
