@@ -119,7 +119,9 @@ TEST_F(EditorChoice, TheNearestRegisteredComponentEditorServes)
 {
     auto designer = MakeTestDesigner();
     const auto nameFor = [&](const char* component) {
-        return EditorClassNameOf(typeid(*GetComponentEditor(designer->GetComponent(component), designer.get())));
+        const auto editor = GetComponentEditor(designer->GetComponent(component), designer.get());
+        const TComponentEditor& made = *editor;
+        return EditorClassNameOf(typeid(made));
     };
     EXPECT_EQ(nameFor("Button1"), "TDefaultEditor");
 

@@ -80,7 +80,8 @@ TEST_F(PropertyEditors, EveryKindShowsAndTakesItsValue)
         Designer = MakeTestDesigner();
         auto editor = Editor("Button1", c.Property);
         ASSERT_NE(editor, nullptr) << c.Property;
-        EXPECT_EQ(EditorClassNameOf(typeid(*editor)), c.EditorClass) << c.Property;
+        const TPropertyEditor& made = *editor;
+        EXPECT_EQ(EditorClassNameOf(typeid(made)), c.EditorClass) << c.Property;
         EXPECT_EQ(editor->GetValue(), c.Shown) << c.Property;
         editor->SetValue(c.Typed);
         EXPECT_EQ(editor->GetValue(), c.ShownAfter) << c.Property;

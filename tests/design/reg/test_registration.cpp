@@ -220,7 +220,8 @@ TEST_F(Registration, EveryComponentEditorWorksOnItsRuntimeClass)
         std::unique_ptr<TFormDesigner> form = FormWith(cls, created);
         std::unique_ptr<TComponentEditor> editor = GetComponentEditor(created, form.get());
         ASSERT_NE(editor, nullptr);
-        EXPECT_EQ(EditorClassNameOf(typeid(*editor)), binding.EditorClass.ClassName);
+        const TComponentEditor& made = *editor;
+        EXPECT_EQ(EditorClassNameOf(typeid(made)), binding.EditorClass.ClassName);
         for (int i = 0; i < editor->GetVerbCount(); ++i)
             EXPECT_FALSE(editor->GetVerb(i).empty()) << "verb " << i;
     }
