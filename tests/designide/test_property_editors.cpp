@@ -54,27 +54,28 @@ struct TValueCase {
     const char* Typed;
     const char* ShownAfter;
     const char* EditorClass;
+    bool ValueList;        // the row drops down a list
 };
 
 TEST_F(PropertyEditors, EveryKindShowsAndTakesItsValue)
 {
     static const TValueCase cases[] = {
-        {"Width", "10", "$1F", "31", "TIntegerProperty"},
-        {"Color", "0", " -5", "-5", "TIntegerProperty"},
-        {"Cursor", "crDefault", "crhand", "crHand", "TIntegerProperty"},
-        {"Cursor", "crDefault", "7", "7", "TIntegerProperty"},
-        {"Big", "0", "12345678901", "12345678901", "TInt64Property"},
-        {"HotKey", "A", "#9", "#9", "TCharProperty"},
-        {"HotKey", "A", " ", "#32", "TCharProperty"},
-        {"Shape", "dsCircle", "dssquare", "dsSquare", "TEnumProperty"},
-        {"Visible", "True", "false", "False", "TBoolProperty"},
-        {"Styles", "[]", "[dfUnderline, dfBold]", "[dfBold,dfUnderline]", "TSetProperty"},
-        {"Ratio", "0", "2.5", "2.5", "TFloatProperty"},
-        {"Caption", "", " padded ", " padded ", "TStringProperty"},
-        {"Buddy", "", "control1", "Control1", "TComponentProperty"},
-        {"OnClick", "", "Button1Click", "Button1Click", "TMethodProperty"},
-        {"Value", "", "abc", "abc", "TVariantProperty"},
-        {"Name", "Button1", "OK1", "OK1", "TComponentNameProperty"},
+        {"Width", "10", "$1F", "31", "TIntegerProperty", false},
+        {"Color", "0", " -5", "-5", "TIntegerProperty", false},
+        {"Cursor", "crDefault", "crhand", "crHand", "TIntegerProperty", true},
+        {"Cursor", "crDefault", "7", "7", "TIntegerProperty", true},
+        {"Big", "0", "12345678901", "12345678901", "TInt64Property", false},
+        {"HotKey", "A", "#9", "#9", "TCharProperty", false},
+        {"HotKey", "A", " ", "#32", "TCharProperty", false},
+        {"Shape", "dsCircle", "dssquare", "dsSquare", "TEnumProperty", true},
+        {"Visible", "True", "false", "False", "TBoolProperty", true},
+        {"Styles", "[]", "[dfUnderline, dfBold]", "[dfBold,dfUnderline]", "TSetProperty", false},
+        {"Ratio", "0", "2.5", "2.5", "TFloatProperty", false},
+        {"Caption", "", " padded ", " padded ", "TStringProperty", false},
+        {"Buddy", "", "control1", "Control1", "TComponentProperty", true},
+        {"OnClick", "", "Button1Click", "Button1Click", "TMethodProperty", true},
+        {"Value", "", "abc", "abc", "TVariantProperty", false},
+        {"Name", "Button1", "OK1", "OK1", "TComponentNameProperty", false},
     };
     for (const TValueCase& c : cases) {
         Designer = MakeTestDesigner();
@@ -82,6 +83,9 @@ TEST_F(PropertyEditors, EveryKindShowsAndTakesItsValue)
         ASSERT_NE(editor, nullptr) << c.Property;
         const TPropertyEditor& made = *editor;
         EXPECT_EQ(EditorClassNameOf(typeid(made)), c.EditorClass) << c.Property;
+        // No default editor opens a dialog; the kinds with names to choose drop a list.
+        EXPECT_FALSE(editor->GetAttributes().Contains(paDialog)) << c.Property;
+        EXPECT_EQ(editor->GetAttributes().Contains(paValueList), c.ValueList) << c.Property;
         EXPECT_EQ(editor->GetValue(), c.Shown) << c.Property;
         editor->SetValue(c.Typed);
         EXPECT_EQ(editor->GetValue(), c.ShownAfter) << c.Property;

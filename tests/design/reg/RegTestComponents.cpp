@@ -1,6 +1,9 @@
 #include "RegTestComponents.h"
 
+#include "design/reg/Qzreg.h"
+#include "designide/DesignIntf.h"
 #include "rtl/ComponentStream.h"
+#include "runtime/components/QzComponentsReg.h"
 
 void TRgHolder::DeclareProperties(TClassBuilder<TRgHolder>& b)
 {
@@ -37,6 +40,18 @@ void RegisterRgClasses()
 {
     RegisterComponentStreamClasses();
     RegisterClass(ClassOf<TRgHolder>());
+}
+
+void TRegisteredPackageTest::SetUp()
+{
+    RegisterQzComponentClasses();
+    ClearRegistrations();
+    Register();
+}
+
+void TRegisteredPackageTest::TearDown()
+{
+    ClearRegistrations();
 }
 
 THolderFormTest::THolderFormTest()

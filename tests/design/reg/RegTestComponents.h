@@ -56,6 +56,14 @@ private:
 
 void RegisterRgClasses();
 
+// Each test starts from the design package's Register over the runtime's
+// registered classes, and leaves no registrations behind.
+class TRegisteredPackageTest : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+};
+
 // An editor of class E over property `prop` of every object in `objects`.
 template <class E>
 std::unique_ptr<E> EditorOn(IDesigner* designer, const std::vector<TPersistent*>& objects, const AnsiString& prop)

@@ -4,25 +4,13 @@
 // list, and what a typed value does to every selected control.
 
 #include "RegTestComponents.h"
-#include "design/reg/Qzreg.h"
-
-#include "designide/DesignIntf.h"
-#include "runtime/components/QzComponentsReg.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-class Inspector : public ::testing::Test {
+class Inspector : public TRegisteredPackageTest {
 protected:
-    void SetUp() override
-    {
-        RegisterQzComponentClasses();
-        ClearRegistrations();
-        Register();
-    }
-    void TearDown() override { ClearRegistrations(); }
-
     // A form with `count` controls of the class (X1, X2) beside the controls
     // that references may name: an edit, a label, a button and an image.
     // A class the project holds once gets one.

@@ -5,11 +5,9 @@
 // can show it.
 
 #include "RegTestComponents.h"
-#include "design/reg/Qzreg.h"
 
 #include "designide/DesignIntf.h"
 #include "rtl/ComponentStream.h"
-#include "runtime/components/QzComponentsReg.h"
 
 #include <gtest/gtest.h>
 
@@ -18,16 +16,8 @@
 
 namespace {
 
-class Registration : public ::testing::Test {
+class Registration : public TRegisteredPackageTest {
 protected:
-    void SetUp() override
-    {
-        RegisterQzComponentClasses();
-        ClearRegistrations();
-        Register();
-    }
-    void TearDown() override { ClearRegistrations(); }
-
     // A form designer over one new component of the class, named "C1".
     static std::unique_ptr<TFormDesigner> FormWith(TMetaClass* cls, TComponent*& created)
     {
