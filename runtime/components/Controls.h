@@ -49,7 +49,7 @@ const TTypeInfo* TypeInfo_TCursor();
 // ---- Small types ------------------------------------------------------------
 
 // Forms store a modal result as its number ("ModalResult = 1"), so the type
-// has no identifier table; the names are vcl/QzModalResult.h's.
+// has no identifier table; the names are rtl/ModalResult.h's.
 const TTypeInfo* TypeInfo_TModalResult();
 
 enum TAlign { alNone, alTop, alBottom, alLeft, alRight, alClient, alCustom };
