@@ -106,14 +106,10 @@ void TQzPkgDisplaySetBackGround::SetTransparent(bool value)
 
 void TQzPkgDisplaySetBackGround::Assign(TPersistent* source)
 {
-    auto* other = dynamic_cast<TQzPkgDisplaySetBackGround*>(source);
-    if (!other) {
-        TQzPkgDisplaySet::Assign(source);
-        return;
-    }
-    AssignCommon(*other);
-    Set(FValues, other->FValues);
-    FImage.Assign(&other->FImage);
+    AssignSet<TQzPkgDisplaySetBackGround>(source, [this](TQzPkgDisplaySetBackGround& other) {
+        Set(FValues, other.FValues);
+        FImage.Assign(&other.FImage);
+    });
 }
 
 void TQzPkgDisplaySetColor::DeclareProperties(TClassBuilder<TQzPkgDisplaySetColor>& b)
@@ -128,13 +124,7 @@ void TQzPkgDisplaySetColor::SetColor(TColor value)
 
 void TQzPkgDisplaySetColor::Assign(TPersistent* source)
 {
-    auto* other = dynamic_cast<TQzPkgDisplaySetColor*>(source);
-    if (!other) {
-        TQzPkgDisplaySet::Assign(source);
-        return;
-    }
-    AssignCommon(*other);
-    SetColor(other->FColor);
+    AssignSet<TQzPkgDisplaySetColor>(source, [this](const TQzPkgDisplaySetColor& other) { SetColor(other.FColor); });
 }
 
 void TQzPkgDisplaySetFont::DeclareProperties(TClassBuilder<TQzPkgDisplaySetFont>& b)
@@ -199,13 +189,7 @@ void TQzPkgDisplaySetFont::SetStrikeOut(bool value)
 
 void TQzPkgDisplaySetFont::Assign(TPersistent* source)
 {
-    auto* other = dynamic_cast<TQzPkgDisplaySetFont*>(source);
-    if (!other) {
-        TQzPkgDisplaySet::Assign(source);
-        return;
-    }
-    AssignCommon(*other);
-    SetValues(other->FValues);
+    AssignSet<TQzPkgDisplaySetFont>(source, [this](const TQzPkgDisplaySetFont& other) { SetValues(other.FValues); });
 }
 
 // ---------------------------------------------------------------------------

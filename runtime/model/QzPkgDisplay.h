@@ -29,11 +29,24 @@ public:
 
 protected:
     TQzPkgDisplaySet(TQzPkgDisplaySets* sets, const AnsiString& name);
-    // Copies name-independent data: description and its label.
-    void AssignCommon(const TQzPkgDisplaySet& source);
+    // Copies another set of class Set: its description and label (not its
+    // name, which stays unique), then what copyValues copies. Any other
+    // source is left to the ancestors.
+    template <class Set, class CopyValues>
+    void AssignSet(TPersistent* source, CopyValues&& copyValues)
+    {
+        auto* other = dynamic_cast<Set*>(source);
+        if (!other) {
+            TQzPkgItem::Assign(source);
+            return;
+        }
+        AssignCommon(*other);
+        copyValues(*other);
+    }
 
 private:
     static void DeclareProperties(TClassBuilder<TQzPkgDisplaySet>& b);
+    void AssignCommon(const TQzPkgDisplaySet& source);
     AnsiString FName;
     AnsiString FDescription;
     TQzMemoryLabel FDescriptionId;

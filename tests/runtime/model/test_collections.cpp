@@ -202,6 +202,48 @@ TEST(DisplayPackage, SetsAreFoundByNameWhateverTheCaseAndNamesAreUnique)
     EXPECT_EQ(fonts->Find("Title"), nullptr);
 }
 
+// A set copied onto another keeps its own (unique) name and takes the
+// description, its label and the values; a set of another kind is refused.
+TEST(DisplayPackage, SetsCopyTheirKindsValuesButNotTheirName)
+{
+    TQzPkgDisplay display(nullptr);
+    TQzPkgDisplaySetBackGround* paper = display.SetsBackGround()->Add("Paper");
+    paper->SetStyle(bgGradientVer);
+    paper->Image()->PkgId("User", 2);
+    TQzPkgDisplaySetColor* alert = display.SetsColor()->Add("Alert");
+    alert->SetColor(0x0000FF);
+    TQzPkgDisplaySetFont* title = display.SetsFont()->Add("Title");
+    title->SetSize(14);
+    const struct {
+        TQzPkgDisplaySet* Source;
+        TQzPkgDisplaySet* Target;
+        std::function<bool()> Copied;
+    } cases[] = {
+        {paper, display.SetsBackGround()->Add("Copy"),
+         [&] {
+             auto* c = display.SetsBackGround()->Find("Copy");
+             return c->Values() == paper->Values() && c->Image()->Id() == 2;
+         }},
+        {alert, display.SetsColor()->Add("Copy"), [&] { return display.SetsColor()->Find("Copy")->Color() == 0x0000FF; }},
+        {title, display.SetsFont()->Add("Copy"), [&] { return display.SetsFont()->Find("Copy")->Values().Size == 14; }},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Source->Name());
+        c.Source->SetDescription("shared");
+        c.Source->DescriptionId()->PkgId("System", 40);
+        c.Target->Assign(c.Source);
+        EXPECT_EQ(c.Target->Name(), "Copy");
+        EXPECT_EQ(c.Target->Description(), "shared");
+        EXPECT_EQ(c.Target->DescriptionId()->Id(), 40);
+        EXPECT_TRUE(c.Copied());
+        for (const auto& other : cases) {
+            if (other.Source != c.Source) {
+                EXPECT_THROW(c.Target->Assign(other.Source), EConvertError);
+            }
+        }
+    }
+}
+
 TEST(DisplayPackage, GeometryRefusesNegativeMeasuresAndUserColorsAreCopied)
 {
     TQzPkgDisplay display(nullptr);
