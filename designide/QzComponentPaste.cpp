@@ -174,14 +174,29 @@ bool LandsOnAnother(const TQzStreamNode& target, const std::vector<TQzStreamNode
     return false;
 }
 
+// The TabOrder after the last of target's controls: the form is read with
+// the stream's numbers as they are, so a copy keeping its original's would
+// share its place in the tab sequence.
+Int64 NextTabOrder(const TQzStreamNode& target)
+{
+    Int64 next = 0;
+    for (const TQzStreamNode& child : target.Children)
+        if (const auto order = child.IntegerValue("TabOrder"))
+            next = std::max(next, *order + 1);
+    return next;
+}
+
 void Place(TQzStreamNode& target, std::vector<TQzStreamNode> group)
 {
     // Bounded, should the target be tiled with copies.
     for (int i = 0; i < 64 && LandsOnAnother(target, group); ++i)
         for (TQzStreamNode& node : group)
             MoveBy(node, QzPasteOffset);
-    for (TQzStreamNode& node : group)
+    for (TQzStreamNode& node : group) {
+        if (node.IntegerValue("TabOrder"))
+            node.SetIntegerValue("TabOrder", NextTabOrder(target));
         target.Children.push_back(std::move(node));
+    }
 }
 
 }  // namespace

@@ -6,11 +6,13 @@
 #include "IdeFixture.h"
 
 #include "ide/QzDesignSurface.h"
+#include "ide/QzFormClipboard.h"
 #include "ide/QzIdeProject.h"
 #include "ide/QzInspector.h"
 
 #include "designide/QzPortDsgn.h"
 
+#include "runtime/components/Controls.h"
 #include "runtime/model/QzGlobals.h"
 #include "runtime/util/QzDesigner.h"
 
@@ -27,6 +29,7 @@
 #include <QTest>
 #include <QUndoStack>
 
+#include <map>
 #include <set>
 
 namespace {
@@ -189,6 +192,31 @@ TEST_F(TIdeKeepsWorkTest, StatusBarFollowsTheSelection)
     Select({"ButtonSave"});
     Main()->UndoStack()->redo();
     EXPECT_FALSE(Status().contains("ButtonSave")) << Status().toStdString();
+}
+
+// Pasted copies come last in their new parent's tab sequence, in the order
+// pasted; the originals keep their places.
+TEST_F(TIdeKeepsWorkTest, PastedCopiesComeLastInTheTabOrder)
+{
+    const auto order = [&](const char* name) { return dynamic_cast<TWinControl*>(Find(name))->TabOrder(); };
+    const auto sheet = dynamic_cast<TWinControl*>(Find("SheetCustomer"));
+    std::map<AnsiString, Integer> before;
+    for (TWinControl* c : sheet->TabList())
+        before[c->Name()] = c->TabOrder();
+    ASSERT_GE(before.size(), 2u);
+    Select({"EditName", "EditCity"});
+    const std::string text = QzCopyText(*Main(), Main()->SelectedComponents());
+    Select({"CheckActive"});   // pasted beside it, on the sheet
+    const std::vector<TComponent*> pasted = QzPasteText(*Main(), text);
+    ASSERT_EQ(pasted.size(), 2u);
+    Integer last = -1;
+    for (const auto& [name, tabOrder] : before)
+        last = std::max(last, tabOrder);
+    const Integer first = dynamic_cast<TWinControl*>(pasted[0])->TabOrder();
+    EXPECT_GT(first, last);
+    EXPECT_EQ(dynamic_cast<TWinControl*>(pasted[1])->TabOrder(), first + 1);
+    for (const auto& [name, tabOrder] : before)
+        EXPECT_EQ(order(name.c_str()), tabOrder) << name;
 }
 
 // While the host runs, the runtime is in design mode, a package editor's
