@@ -4,6 +4,8 @@
 #include "rtl/Filer.h"
 #include "rtl/FormText.h"
 #include "rtl/Parser.h"
+
+#include <algorithm>
 #include "rtl/StreamNesting.h"
 
 namespace {
@@ -21,26 +23,28 @@ bool IsTrailByte(std::string_view s, size_t i, int codePage)
     return p > i;
 }
 
-// Whether the text reader reads `text` back whole as one token of `kind`,
-// a symbol taking dotted parts where `dotted`. Names are written bare, so
-// a name the reader would split, skip or refuse cannot be written.
-bool ReadsBackWhole(std::string_view text, char kind, bool dotted = false)
+// Names are written bare, so a name the text reader would split, skip or
+// refuse cannot be written.
+
+// Whether the text reader reads `text` back whole as one token of `kind`.
+bool ReadsBackWhole(std::string_view text, char kind)
 {
     try {
         TParser parser(text);
-        if (parser.Token() != kind || parser.TokenText().data() != text.data())
-            return false;
-        return (dotted ? parser.TokenComponentIdent() : parser.TokenText()).size() == text.size();
+        return parser.Token() == kind && parser.TokenText().data() == text.data() &&
+               parser.TokenText().size() == text.size();
     } catch (const EParserError&) {
         return false;
     }
 }
 
-// The words that end a component's properties in text.
-bool EndsProperties(const AnsiString& name)
+// The words that end a component's properties in text, in any case.
+bool EndsProperties(std::string_view name)
 {
-    for (const char* word : {"end", "object", "inherited", "inline"})
-        if (SameText(name, word))
+    static constexpr std::string_view words[] = {"end", "object", "inherited", "inline"};
+    const auto folded = [](char a, char lower) { return (a | 0x20) == lower; };
+    for (std::string_view word : words)
+        if (name.size() == word.size() && std::equal(name.begin(), name.end(), word.begin(), folded))
             return true;
     return false;
 }
@@ -98,7 +102,7 @@ void TBinaryToText::ConvertObject()
     Nest();
     Indent();
     TComponentHeader h = R.ReadComponentHeader();
-    if (!ReadsBackWhole(h.ClassName, toSymbol) || (!h.ObjectName.empty() && !ReadsBackWhole(h.ObjectName, toSymbol)))
+    if (!IsTextIdent(h.ClassName, false) || (!h.ObjectName.empty() && !IsTextIdent(h.ObjectName, false)))
         R.Error("Component or class name cannot be written as text");
     Out += (h.Flags & ffInherited) ? "inherited " : (h.Flags & ffInline) ? "inline " : "object ";
     if (!h.ObjectName.empty()) {
@@ -130,7 +134,7 @@ void TBinaryToText::ConvertProperty()
 {
     Indent();
     const AnsiString name = R.ReadStr();
-    if (!ReadsBackWhole(name, toSymbol, true) || EndsProperties(name))
+    if (!IsTextIdent(name, true) || EndsProperties(name))
         R.Error("Property name cannot be written as text");
     Out += name;
     Out += " = ";
@@ -202,7 +206,7 @@ void TBinaryToText::ConvertValue(bool listItem)
         break;
     case vaIdent: {
         const AnsiString ident = R.ReadIdent();
-        if (!ReadsBackWhole(ident, toSymbol, true))
+        if (!IsTextIdent(ident, true))
             R.Error("Identifier cannot be written as text");
         // Text reads Null as the value that would end the list.
         if (listItem && SameText(ident, "Null"))
@@ -220,7 +224,7 @@ void TBinaryToText::ConvertValue(bool listItem)
             AnsiString element = R.ReadStr();
             if (element.empty())
                 break;
-            if (!ReadsBackWhole(element, toSymbol) && !ReadsBackWhole(element, toInteger) &&
+            if (!IsTextIdent(element, false) && !ReadsBackWhole(element, toInteger) &&
                 !ReadsBackWhole(element, toString))
                 R.Error("Set element cannot be written as text");
             if (i > 0)
@@ -247,11 +251,15 @@ void TBinaryToText::ConvertBinary()
     for (size_t at = 0; at < data.size(); at += BytesPerLine) {
         if (multiLine)
             NewLine();
-        size_t n = std::min(BytesPerLine, data.size() - at);
+        // Written in place: pictures make up most of a large form.
+        const size_t n = std::min(BytesPerLine, data.size() - at);
+        const size_t start = Out.size();
+        Out.resize(start + 2 * n);
+        char* digits = Out.data() + start;
         for (size_t i = 0; i < n; ++i) {
-            Byte b = Byte(data[at + i]);
-            Out += hex[b >> 4];
-            Out += hex[b & 15];
+            const Byte b = Byte(data[at + i]);
+            *digits++ = hex[b >> 4];
+            *digits++ = hex[b & 15];
         }
     }
     --Level;

@@ -47,6 +47,22 @@ AnsiString TokenDescription(char token)
 
 } // namespace
 
+bool IsTextIdent(std::string_view text, bool dotted)
+{
+    size_t i = 0;
+    for (;;) {
+        if (i >= text.size() || !IsSymbolStart(text[i]))
+            return false;
+        while (++i < text.size() && IsSymbolChar(text[i])) {
+        }
+        if (i == text.size())
+            return true;
+        if (!dotted || text[i] != '.')
+            return false;
+        ++i;
+    }
+}
+
 TParser::TParser(std::string_view text) : FText(text), FPos(text.data()), FEnd(text.data() + text.size())
 {
     NextToken();

@@ -23,6 +23,11 @@ private:
     AnsiString FWhat;
 };
 
+// Whether text reads back as one symbol token, or as symbols joined by dots
+// where `dotted` (a component reference, a nested property's name): what a
+// name written bare into a text form must be.
+bool IsTextIdent(std::string_view text, bool dotted);
+
 enum TTokenKind : char {
     toEOF = 0,
     toSymbol = 1,
