@@ -4,7 +4,6 @@
 #include "ide/QzDesignNavigation.h"
 #include "ide/QzFormClipboard.h"
 #include "ide/QzIdeDesigner.h"
-#include "ide/QzMenuBar.h"
 #include "ide/QzPagedControls.h"
 #include "ide/QzPalette.h"
 
@@ -12,6 +11,7 @@
 #include "runtime/components/Forms.h"
 
 #include "designide/DesignEditors.h"
+#include "designide/forms/QzMenuBar.h"
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 

@@ -8,8 +8,8 @@
 #include "ide/QzControlLook.h"
 #include "ide/QzDesignSurface.h"
 #include "ide/QzIdeProject.h"
-#include "ide/QzMenuBar.h"
 
+#include "designide/forms/QzMenuBar.h"
 #include "designide/QzPortDsgn.h"
 
 #include "runtime/components/QzComponentsReg.h"

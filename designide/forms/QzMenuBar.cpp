@@ -1,6 +1,6 @@
-#include "ide/QzMenuBar.h"
+#include "designide/forms/QzMenuBar.h"
 
-#include "ide/QzControlLook.h"
+#include "designide/forms/QzControlInfo.h"
 
 #include "runtime/components/Forms.h"
 #include "runtime/components/QzMenus.h"
