@@ -38,13 +38,15 @@ bool ReadsBackWhole(std::string_view text, char kind)
     }
 }
 
-// The words that end a component's properties in text, in any case.
-bool EndsProperties(std::string_view name)
+// The words that end properties in text, in any case: a collection item's
+// only "end", a component's also the ones that start its children.
+bool EndsProperties(std::string_view name, bool collectionItem)
 {
     static constexpr std::string_view words[] = {"end", "object", "inherited", "inline"};
     const auto folded = [](char a, char lower) { return (a | 0x20) == lower; };
-    for (std::string_view word : words)
-        if (name.size() == word.size() && std::equal(name.begin(), name.end(), word.begin(), folded))
+    const size_t count = collectionItem ? 1 : std::size(words);
+    for (size_t i = 0; i < count; ++i)
+        if (name.size() == words[i].size() && std::equal(name.begin(), name.end(), words[i].begin(), folded))
             return true;
     return false;
 }
@@ -68,7 +70,7 @@ private:
         if (++Depth > MaxStreamNesting)
             R.Error("Values nested too deeply");
     }
-    void ConvertProperty();
+    void ConvertProperty(bool collectionItem = false);
     void ConvertValue(bool listItem = false);
     void ConvertBinary();
     void ConvertCollection();
@@ -130,11 +132,11 @@ void TBinaryToText::ConvertObject()
     --Depth;
 }
 
-void TBinaryToText::ConvertProperty()
+void TBinaryToText::ConvertProperty(bool collectionItem)
 {
     Indent();
     const AnsiString name = R.ReadStr();
-    if (!IsTextIdent(name, true) || EndsProperties(name))
+    if (!IsTextIdent(name, true) || EndsProperties(name, collectionItem))
         R.Error("Property name cannot be written as text");
     Out += name;
     Out += " = ";
@@ -284,7 +286,7 @@ void TBinaryToText::ConvertCollection()
         R.CheckValue(vaList);
         ++Level;
         while (!R.EndOfList())
-            ConvertProperty();
+            ConvertProperty(true);
         R.ReadListEnd();
         --Level;
         Indent();

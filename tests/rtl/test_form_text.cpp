@@ -275,6 +275,15 @@ TEST(FormText, NamesTextCannotHoldAreRefusedWithTheirOffset)
             w.WriteStr("");
         };
     };
+    auto collectionItem = [](std::function<void(TWriter&)> property) {
+        return [property](TWriter& w) {
+            w.WriteValue(vaCollection);
+            w.WriteListBegin();
+            property(w);
+            w.WriteListEnd();
+            w.WriteListEnd();
+        };
+    };
     auto list = [](std::function<void(TWriter&)> item) {
         return [item](TWriter& w) {
             w.WriteListBegin();
@@ -290,6 +299,9 @@ TEST(FormText, NamesTextCannotHoldAreRefusedWithTheirOffset)
     const Case cases[] = {
         {"control characters in a property name", property("\x02n\x09", ident("a")), "Property name cannot be written as text"},
         {"a property named as a keyword", property("End", ident("a")), "Property name cannot be written as text"},
+        {"a component's property named object", property("Object", ident("a")), "Property name cannot be written as text"},
+        {"an item's property named end", property("P", collectionItem(property("end", ident("a")))),
+         "Property name cannot be written as text"},
         {"a dotted name with an empty part", property("Font.", ident("a")), "Property name cannot be written as text"},
         {"an empty identifier", property("P", ident("")), "Identifier cannot be written as text"},
         {"an identifier with a blank", property("P", ident("a b")), "Identifier cannot be written as text"},
@@ -300,6 +312,7 @@ TEST(FormText, NamesTextCannotHoldAreRefusedWithTheirOffset)
         {"letters above 127", property("Ünïcode", ident("ñ")), nullptr},
         {"a set element by number", property("P", set("7")), nullptr},
         {"an identifier Null outside a list", property("P", ident("Null")), nullptr},
+        {"an item's property named object", property("P", collectionItem(property("Object", ident("a")))), nullptr},
     };
     for (const Case& c : cases) {
         const std::string binary = MakeForm(c.write);
