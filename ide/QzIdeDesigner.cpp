@@ -61,7 +61,8 @@ std::unique_ptr<TIdeDesigner> TIdeDesigner::Load(const AnsiString& fileName)
     return std::make_unique<TIdeDesigner>(TFormDesigner::LoadFromFile(fileName));
 }
 
-TIdeDesigner::TIdeDesigner(std::unique_ptr<TFormDesigner> form) : FForm(std::move(form)), FUndo(new QUndoStack(this))
+TIdeDesigner::TIdeDesigner(std::unique_ptr<TFormDesigner> form)
+    : FForm(std::move(form)), FUndo(new QUndoStack(this)), FRecorded(Snapshot())
 {
     FForm->OnModified = [this] { emit Changed(); };
     // Undoing or redoing back to the state last saved (or read) is the file
@@ -135,6 +136,7 @@ void TIdeDesigner::Restore(const std::string& snapshot)
         emit SelectionChanged();
         throw;
     }
+    FRecorded = snapshot;
     // An undone change is still a change against the file on disk.
     for (int i = 0; i < std::max(1, modifiedCount); ++i)
         FForm->Modified();
@@ -144,14 +146,24 @@ void TIdeDesigner::Restore(const std::string& snapshot)
 void TIdeDesigner::Change(const QString& text, const std::function<void()>& change)
 {
     std::string before = Snapshot();
+    ++FChangeDepth;
     try {
         change();
     } catch (...) {
+        --FChangeDepth;
         if (Snapshot() != before)
             Restore(before);
         throw;
     }
+    --FChangeDepth;
     Record(text, std::move(before));
+}
+
+void TIdeDesigner::ChangedOutside(const QString& text)
+{
+    FForm->Modified();
+    if (FChangeDepth == 0)
+        Record(text, FRecorded);
 }
 
 void TIdeDesigner::Record(const QString& text, std::string before)
@@ -159,6 +171,7 @@ void TIdeDesigner::Record(const QString& text, std::string before)
     std::string after = Snapshot();
     if (after == before)
         return;
+    FRecorded = after;
     FUndo->push(new TSnapshotCommand(this, text, std::move(before), std::move(after)));
 }
 

@@ -67,6 +67,12 @@ public:
     void Change(const QString& text, const std::function<void()>& change);
     // Records a change already made to the form since the snapshot before.
     void Record(const QString& text, std::string before);
+    // A change made to the form outside Change (a package editor's, told
+    // through the runtime's hook) becomes a step of its own: otherwise
+    // undoing an earlier step would take it back unseen, and undoing to the
+    // saved state would call the form unchanged. Within a running Change it
+    // only marks the form, the running step records it.
+    void ChangedOutside(const QString& text);
     // Removes the components (and what they hold) as one step, named after
     // verb and what goes.
     void DeleteComponents(const std::vector<TComponent*>& components, const QString& verb = QStringLiteral("Delete"));
@@ -84,4 +90,7 @@ signals:
 private:
     std::unique_ptr<TFormDesigner> FForm;
     QUndoStack* FUndo;
+    // The form's stream as the undo history last saw it.
+    std::string FRecorded;
+    int FChangeDepth = 0;
 };

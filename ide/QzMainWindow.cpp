@@ -76,7 +76,7 @@ void TQzMainWindow::InstallRuntimeHooks()
     FPreviousModifiedHook = SetQzDesignerModifiedHook([this](TComponent* owner) {
         for (TIdeDesigner* d : FProject ? FProject->OpenDesigners() : std::vector<TIdeDesigner*>{})
             if (owner == d->GetRoot() || owner->Owner() == d->GetRoot())
-                d->Modified();
+                d->ChangedOutside(QStringLiteral("Package Change"));
     });
 }
 

@@ -252,6 +252,31 @@ TEST_F(TIdeKeepsWorkTest, TheRuntimesDesignHooksAreInstalled)
     ASSERT_TRUE(FWindow->OpenProject(Path("DemoApp.bpr")));
 }
 
+// A package editor changes its package in place and tells the designer
+// through the runtime's hook: that change is a step of its own, so no undo
+// takes it back unseen and undoing it returns to the saved form.
+TEST_F(TIdeKeepsWorkTest, APackageEditorsChangeIsAStepOfItsOwn)
+{
+    SetProperty("PkgStrings", "PkgName", "SAVED");
+    QUndoStack* undo = Main()->UndoStack();
+    ASSERT_EQ(undo->count(), 1);
+    Main()->Save();
+
+    auto* strings = Find("PkgStrings");
+    SetStrProp(strings, "PkgName", "EDITED");
+    QzDesignerModified(strings->Owner());
+    EXPECT_TRUE(Main()->IsModified());
+    ASSERT_EQ(undo->count(), 2);
+    EXPECT_EQ(undo->undoText(), "Package Change");
+
+    undo->undo();
+    EXPECT_EQ(GetStrProp(Find("PkgStrings"), "PkgName"), "SAVED");
+    EXPECT_FALSE(Main()->IsModified());
+    undo->redo();
+    EXPECT_EQ(GetStrProp(Find("PkgStrings"), "PkgName"), "EDITED");
+    EXPECT_TRUE(Main()->IsModified());
+}
+
 // A form of foreign classes larger than any window: a panel whose edit
 // reaches past its right side, and labels whose captions mark mnemonics.
 class TIdeLargeFormTest : public TIdeTest {
