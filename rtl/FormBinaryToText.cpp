@@ -38,6 +38,20 @@ bool ReadsBackWhole(std::string_view text, char kind)
     }
 }
 
+// A set element as text writes a character one: '#' and its code, 0 to 255.
+bool IsCharacterElement(std::string_view text)
+{
+    if (text.size() < 2 || text.size() > 4 || text[0] != '#' || (text[1] == '0' && text.size() > 2))
+        return false;
+    int code = 0;
+    for (char c : text.substr(1)) {
+        if (c < '0' || c > '9')
+            return false;
+        code = code * 10 + (c - '0');
+    }
+    return code <= 255;
+}
+
 // The words that end properties in text, in any case: a collection item's
 // only "end", a component's also the ones that start its children.
 bool EndsProperties(std::string_view name, bool collectionItem)
@@ -226,8 +240,7 @@ void TBinaryToText::ConvertValue(bool listItem)
             AnsiString element = R.ReadStr();
             if (element.empty())
                 break;
-            if (!IsTextIdent(element, false) && !ReadsBackWhole(element, toInteger) &&
-                !ReadsBackWhole(element, toString))
+            if (!IsTextIdent(element, false) && !ReadsBackWhole(element, toInteger) && !IsCharacterElement(element))
                 R.Error("Set element cannot be written as text");
             if (i > 0)
                 Out += ", ";

@@ -311,6 +311,9 @@ TEST(FormText, NamesTextCannotHoldAreRefusedWithTheirOffset)
         {"a component reference", property("P", ident("Form1.Button1")), nullptr},
         {"letters above 127", property("Ünïcode", ident("ñ")), nullptr},
         {"a set element by number", property("P", set("7")), nullptr},
+        {"a set element by character code", property("P", set("#65")), nullptr},
+        {"a set element as a quoted string", property("P", set("'a'")), "Set element cannot be written as text"},
+        {"a set element with a code beyond a byte", property("P", set("#256")), "Set element cannot be written as text"},
         {"an identifier Null outside a list", property("P", ident("Null")), nullptr},
         {"an item's property named object", property("P", collectionItem(property("Object", ident("a")))), nullptr},
     };
