@@ -1,7 +1,6 @@
 #include "ide/QzDesignSurface.h"
 
 #include "ide/QzControlLook.h"
-#include "ide/QzDesignNavigation.h"
 #include "ide/QzFormClipboard.h"
 #include "ide/QzIdeDesigner.h"
 #include "ide/QzPagedControls.h"
@@ -11,6 +10,7 @@
 #include "runtime/components/Forms.h"
 
 #include "designide/DesignEditors.h"
+#include "designide/forms/QzDesignNavigation.h"
 #include "designide/forms/QzMenuBar.h"
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"

@@ -1,6 +1,6 @@
-#include "ide/QzDesignNavigation.h"
+#include "designide/forms/QzDesignNavigation.h"
 
-#include "ide/QzControlLook.h"
+#include "designide/forms/QzControlInfo.h"
 
 #include <algorithm>
 #include <cstdlib>
