@@ -3,7 +3,7 @@
 #include "ide/QzControlLook.h"
 #include "ide/QzFormClipboard.h"
 #include "ide/QzIdeDesigner.h"
-#include "ide/QzPagedControls.h"
+#include "ide/QzPageButtons.h"
 #include "ide/QzPalette.h"
 
 #include "runtime/components/Controls.h"

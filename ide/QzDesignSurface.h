@@ -10,7 +10,7 @@
 // clicked. A click on a page control's tab or an outlook bar's button shows
 // its page. Every change is one undo step of the form's designer.
 
-#include "ide/QzPagedControls.h"
+#include "ide/QzPageButtons.h"
 
 #include "rtl/Component.h"
 

@@ -7,7 +7,7 @@
 
 #include "ide/QzControlLook.h"
 #include "ide/QzDesignSurface.h"
-#include "ide/QzPagedControls.h"
+#include "ide/QzPageButtons.h"
 
 #include "runtime/components/QzPages.h"
 

@@ -1,16 +1,9 @@
 #pragma once
 // Controls that show one of their pages at a time: page controls, behind a
 // row of tabs, and outlook bars, between a stack of buttons. The designer
-// draws the page shown and lets a click on a tab or button show another.
+// shows the page the control names and lets the user show another.
 
 #include "rtl/Component.h"
-
-#include <QRect>
-#include <QString>
-
-#include <vector>
-
-class QFontMetrics;
 
 // A page control (QzIsPageControl) or an outlook bar.
 bool QzIsPagedControl(TComponent* component);
@@ -28,18 +21,3 @@ bool QzSetActivePage(TComponent* paged, TComponent* page);
 // What a page's tab or button says: the caption of its page item (a
 // strings package label), its own caption, or its name.
 AnsiString QzPageTitle(TComponent* paged, TComponent* page);
-
-struct TQzPageButton {
-    TComponent* Page;
-    QRect Rect;
-    QString Title;
-};
-
-// Height of a page control's row of tabs.
-inline constexpr int QzTabRowHeight = 20;
-
-// The tabs or buttons of paged inside host (its rectangle on the surface),
-// shown being the page shown: tabs side by side from the left, the shown
-// one raised; outlook buttons where the bar puts them.
-std::vector<TQzPageButton> QzPageButtons(TComponent* paged, const QRect& host, TComponent* shown,
-                                         const QFontMetrics& metrics);
