@@ -1,6 +1,6 @@
 // The host as the design package sees it (the project services read and
-// design the forms open in the window), forms whose classes are not
-// registered, and the choice of a control's look by its class name.
+// design the forms open in the window) and forms whose classes are not
+// registered.
 
 #include "IdeFixture.h"
 
@@ -11,9 +11,6 @@
 
 #include "designide/forms/QzMenuBar.h"
 #include "designide/QzPortDsgn.h"
-
-#include "runtime/components/QzComponentsReg.h"
-#include "runtime/components/QzMenus.h"
 
 #include "rtl/StringList.h"
 #include "rtl/SysUtils.h"
@@ -192,42 +189,4 @@ TEST_F(TIdeTest, DataModulesAreAPlainAreaOfTheirSize)
     EXPECT_TRUE(QzIsDataModule(d->GetRoot()));
     EXPECT_EQ(QzClientSize(d->GetRoot()), QSize(215, 150));
     EXPECT_EQ(s->ClientOrigin() - s->SurfaceRect(d->GetRoot()).topLeft(), QPoint(1, 1));
-}
-
-TEST(QzControlLook, LookChosenByTheMostSpecificNamePart)
-{
-    const std::pair<const char*, TQzLook> cases[] = {
-        {"TQzLabel", TQzLook::Label},         {"TQzDBCheckBox", TQzLook::CheckBox},
-        {"TQzEdit", TQzLook::Edit},           {"TQzDBEdit", TQzLook::Edit},
-        {"TQzBitBtn", TQzLook::Button},       {"TQzSpeedButton", TQzLook::Button},
-        {"TQzRadioButton", TQzLook::RadioButton}, {"TQzRadioGroup", TQzLook::GroupBox},
-        {"TQzComboBox", TQzLook::ComboBox},   {"TQzRichEdit", TQzLook::Memo},
-        {"TQzPageControl", TQzLook::PageControl}, {"TQzTabSheet", TQzLook::TabSheet},
-        {"TQzPkgImage", TQzLook::Image},      {"TQzPanel", TQzLook::Panel},
-        {"TMyTimer", TQzLook::Box},
-    };
-    for (const auto& [name, look] : cases)
-        EXPECT_EQ(QzLookOf(name), look) << name;
-}
-
-TEST(QzMenuBar, TheBarShowsVisibleTopLevelItemsWithoutTheirMnemonicMarks)
-{
-    RegisterQzComponentClasses();
-    TComponent owner(nullptr);
-    auto* menu = new TQzMainMenu(&owner);
-    for (const char* caption : {"&File", "Hidden", "Save && Exit", ""}) {
-        auto* item = new TQzMenuItem(&owner);
-        item->SetName(AnsiString("Item") + IntToStr(menu->Items()->Count()));
-        item->SetCaption(caption);
-        item->SetVisible(std::string(caption) != "Hidden");
-        menu->Items()->Add(item);
-        auto* sub = new TQzMenuItem(&owner);   // sub-items stay in their menu
-        sub->SetCaption("Sub");
-        item->Add(sub);
-    }
-    EXPECT_EQ(QzMenuBarCaptions(menu), (std::vector<AnsiString>{"&File", "Save && Exit", "Item3"}));
-    const std::pair<const char*, const char*> marks[] = {
-        {"&File", "File"}, {"Save && Exit", "Save & Exit"}, {"E&xit&", "Exit"}, {"&&&Go", "&Go"}, {"", ""}};
-    for (const auto& [caption, shown] : marks)
-        EXPECT_EQ(QzStripMnemonic(caption), shown) << caption;
 }
