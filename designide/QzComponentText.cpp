@@ -180,6 +180,16 @@ private:
     int FDepth = 0;
 };
 
+// Text from an editor may start with UTF-8's byte order mark; true when
+// it did, and text then starts after it.
+bool SkipByteOrderMark(std::string_view& text)
+{
+    if (text.substr(0, 3) != "\xEF\xBB\xBF")
+        return false;
+    text.remove_prefix(3);
+    return true;
+}
+
 }  // namespace
 
 std::string QzComponentsToText(TComponent* root, std::string_view formBinary,
@@ -216,10 +226,8 @@ std::string QzComponentsToText(TComponent* root, std::string_view formBinary,
 std::vector<TQzStreamNode> QzComponentsFromText(std::string_view text, const TFormTextOptions& options)
 {
     TFormTextOptions effective = options;
-    if (text.substr(0, 3) == "\xEF\xBB\xBF") {
-        text.remove_prefix(3);
+    if (SkipByteOrderMark(text))
         effective.HighChars = THighChars::Utf8;
-    }
     std::vector<TQzStreamNode> nodes;
     for (const auto& block : TBlockScanner(text).Blocks()) {
         // Blank lines in front keep the converter's line numbers those of
@@ -229,4 +237,24 @@ std::vector<TQzStreamNode> QzComponentsFromText(std::string_view text, const TFo
         nodes.push_back(QzReadStreamTree(FormTextToBinary(source, effective)));
     }
     return nodes;
+}
+
+bool QzStartsAsComponentText(std::string_view text)
+{
+    SkipByteOrderMark(text);
+    try {
+        TParser parser(text);
+        return parser.TokenSymbolIs("object") || parser.TokenSymbolIs("inherited") || parser.TokenSymbolIs("inline");
+    } catch (const Exception&) {
+        return false;
+    }
+}
+
+TFormTextOptions QzClipboardTextOptions(TFormTextOptions formOptions)
+{
+    formOptions.HighChars = THighChars::Utf8;
+#ifndef _WIN32
+    formOptions.LineBreak = AnsiString(1, '\n');
+#endif
+    return formOptions;
 }

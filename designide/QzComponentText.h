@@ -19,3 +19,12 @@ std::string QzComponentsToText(TComponent* root, std::string_view formBinary,
 // "inherited" and "inline"), and nothing else. ETextParseError, naming the
 // line, when it is anything else.
 std::vector<TQzStreamNode> QzComponentsFromText(std::string_view text, const TFormTextOptions& options);
+
+// Whether text starts as form text does ("object", "inherited", "inline"),
+// to tell text of another kind from form text that is broken.
+bool QzStartsAsComponentText(std::string_view text);
+
+// A form's own text options as the clipboard carries them: characters
+// beyond ASCII as themselves (its text is Unicode, not the form's code
+// page) and the platform's line breaks.
+TFormTextOptions QzClipboardTextOptions(TFormTextOptions formOptions);

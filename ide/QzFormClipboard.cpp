@@ -1,22 +1,16 @@
 #include "ide/QzFormClipboard.h"
 
-#include "ide/QzControlLook.h"
 #include "ide/QzIdeDesigner.h"
 
 #include "designide/QzComponentPaste.h"
 #include "designide/QzComponentText.h"
+#include "designide/forms/QzFormPaste.h"
 
 #include "vcl/QzDialogs.h"
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 
-#include "runtime/components/Controls.h"
-#include "runtime/components/QzPages.h"
-
 #include "rtl/SysUtils.h"
-#include "rtl/TypInfo.h"
-
-#include "rtl/Parser.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -26,16 +20,9 @@
 
 namespace {
 
-// The form's own text options, but characters beyond ASCII as themselves:
-// the clipboard's text is Unicode, not the form's code page.
 TFormTextOptions ClipboardOptions(const TIdeDesigner& designer)
 {
-    TFormTextOptions options = designer.Form().TextOptions();
-    options.HighChars = THighChars::Utf8;
-#ifndef Q_OS_WIN
-    options.LineBreak = AnsiString(1, '\n');
-#endif
-    return options;
+    return QzClipboardTextOptions(designer.Form().TextOptions());
 }
 
 std::vector<TComponent*> CopiedComponents(TIdeDesigner& designer)
@@ -47,71 +34,11 @@ std::vector<TComponent*> CopiedComponents(TIdeDesigner& designer)
     return copied;
 }
 
-// Whether text starts as form text does, to tell text of another kind from
-// form text that is broken.
-bool StartsAsFormText(std::string_view text)
-{
-    if (text.substr(0, 3) == "\xEF\xBB\xBF")
-        text.remove_prefix(3);
-    try {
-        TParser parser(text);
-        return parser.TokenSymbolIs("object") || parser.TokenSymbolIs("inherited") || parser.TokenSymbolIs("inline");
-    } catch (const Exception&) {
-        return false;
-    }
-}
-
 const AnsiString CannotPaste = "The components on the clipboard cannot be pasted: ";
 
 void Report(const AnsiString& text, QWidget* parent)
 {
     QzMessage(text, mtError, {mbOK}, mbOK, parent);
-}
-
-// A form as read is never moved, so aligned controls that were pasted are
-// put in line with their new siblings here.
-void AlignPasted(TComponent* root, const std::vector<AnsiString>& names)
-{
-    for (const AnsiString& name : names) {
-        auto* control = dynamic_cast<TControl*>(root->FindComponent(name));
-        if (!control || control->Align() == alNone || control->Align() == alCustom)
-            continue;
-        if (TWinControl* parent = control->Parent())
-            parent->Realign();
-    }
-}
-
-// Pasted pages go onto the selected control of their holder's kind (a tab
-// sheet onto a page control), or the one the selection sits in. Says why
-// not when there is none.
-std::optional<AnsiString> PlacePages(TIdeDesigner& designer, const std::vector<TQzStreamNode>& pasted,
-                                     TComponent*& container)
-{
-    for (const TQzStreamNode& node : pasted) {
-        const TMetaClass* cls = GetClass(node.Header.ClassName);
-        TMetaClass* holder = cls ? QzPageHolderClass(cls) : nullptr;
-        if (!holder)
-            continue;
-        TComponent* found = nullptr;
-        for (TComponent* c = designer.SelectedComponents().front(); c && c != designer.GetRoot() && !found;
-             c = c->GetParentComponent())
-            if (c->InheritsFrom(holder))
-                found = c;
-        if (!found)
-            return Format("A %s can be pasted only onto a %s: select one, or one of its pages, first.",
-                          node.Header.ClassName, holder->ClassName());
-        container = found;
-    }
-    return std::nullopt;
-}
-
-// A pasted sheet gets its tab on the page control it went to.
-void GiveSheetsTabs(TComponent* root, const std::vector<AnsiString>& names)
-{
-    for (const AnsiString& name : names)
-        if (auto* sheet = dynamic_cast<TQzTabSheet*>(root->FindComponent(name)))
-            if (TQzCustomPageControl* pages = sheet->PageControl())
-                pages->AddPageFor(sheet);
 }
 
 QString PasteLabel(const std::vector<AnsiString>& names)
@@ -153,25 +80,13 @@ bool QzCutSelection(TIdeDesigner& designer, QWidget* parent)
     return true;
 }
 
-TComponent* QzPasteContainer(TIdeDesigner& designer)
-{
-    TComponent* root = designer.GetRoot();
-    TComponent* selected = designer.SelectedComponents().front();
-    if (selected == root || !QzIsControl(selected))
-        return root;
-    if (QzIsContainer(selected))
-        return selected;
-    TComponent* parent = selected->GetParentComponent();
-    return parent ? parent : root;
-}
-
 std::vector<TComponent*> QzPasteText(TIdeDesigner& designer, const std::string& text, QWidget* parent)
 {
     std::vector<TQzStreamNode> pasted;
     try {
         pasted = QzComponentsFromText(text, ClipboardOptions(designer));
     } catch (const Exception& e) {
-        if (!StartsAsFormText(text)) {
+        if (!QzStartsAsComponentText(text)) {
             Report("The clipboard holds no components to paste.", parent);
             return {};
         }
@@ -183,8 +98,9 @@ std::vector<TComponent*> QzPasteText(TIdeDesigner& designer, const std::string& 
         return {};
     }
     TComponent* root = designer.GetRoot();
-    TComponent* container = QzPasteContainer(designer);
-    if (const std::optional<AnsiString> refusal = PlacePages(designer, pasted, container)) {
+    TComponent* selected = designer.SelectedComponents().front();
+    TComponent* container = QzPasteContainer(root, selected);
+    if (const std::optional<AnsiString> refusal = QzPlacePastedPages(root, selected, pasted, container)) {
         Report(*refusal, parent);
         return {};
     }
@@ -196,8 +112,7 @@ std::vector<TComponent*> QzPasteText(TIdeDesigner& designer, const std::string& 
             // Reading the form again replaces every component, root included.
             designer.Change(PasteLabel(result.Names), [&] {
                 designer.Restore(result.Form);
-                GiveSheetsTabs(designer.GetRoot(), result.Names);
-                AlignPasted(designer.GetRoot(), result.Names);
+                QzSettlePasted(designer.GetRoot(), result.Names);
             });
         },
         CannotPaste);

@@ -24,9 +24,6 @@ bool QzCopySelection(TIdeDesigner& designer, QWidget* parent = nullptr);
 // Copies the selected components, then deletes them.
 bool QzCutSelection(TIdeDesigner& designer, QWidget* parent = nullptr);
 
-// Where pasted controls go: the selected panel, group box or page sheet,
-// else the selected control's parent, else the form.
-TComponent* QzPasteContainer(TIdeDesigner& designer);
 // Pastes components written as form text. Text that is not that is
 // reported (to parent) and changes nothing; returns the pasted components.
 std::vector<TComponent*> QzPasteText(TIdeDesigner& designer, const std::string& text, QWidget* parent = nullptr);
