@@ -5,7 +5,7 @@
 // in docs/performance.md ("Designer host").
 
 #include "ide/QzDesignSurface.h"
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 #include "ide/QzIdeProject.h"
 #include "ide/QzInspector.h"
 #include "ide/QzMainWindow.h"

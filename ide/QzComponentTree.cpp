@@ -1,6 +1,6 @@
 #include "ide/QzComponentTree.h"
 
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 #include "ide/QzPalette.h"
 
 #include "vcl/QzQtString.h"

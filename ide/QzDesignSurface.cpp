@@ -2,7 +2,7 @@
 
 #include "ide/QzControlLook.h"
 #include "ide/QzFormClipboard.h"
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 #include "ide/QzPageButtons.h"
 #include "ide/QzPalette.h"
 

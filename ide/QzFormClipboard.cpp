@@ -1,6 +1,6 @@
 #include "ide/QzFormClipboard.h"
 
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 
 #include "designide/QzComponentPaste.h"
 #include "designide/QzComponentText.h"

@@ -4,7 +4,7 @@
 // of the forms that are open. It is also the project's IOpenDesigners, so
 // the design package reads and designs the forms the user sees.
 
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 
 #include "designide/ProjectServices.h"
 

@@ -1,6 +1,6 @@
 #include "ide/QzInspector.h"
 
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"

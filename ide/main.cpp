@@ -1,6 +1,6 @@
 // qzide [PROJECT] [--screenshot FILE]: the form designer of the suite.
 
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 #include "ide/QzMainWindow.h"
 #include "ide/QzPackageLoader.h"
 #include "ide/QzPalette.h"

@@ -2,7 +2,7 @@
 // A designer host over a copy of the demo project in a temporary folder,
 // with scripted dialogs, for the windowed tests of qzide.
 
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 #include "ide/QzMainWindow.h"
 
 #include "support/gui/QzTestApp.h"

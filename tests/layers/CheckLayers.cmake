@@ -12,8 +12,9 @@ set(rules
   "runtime/model,runtime/util,runtime/files|<Q|\"(vcl|runtime/(components|pictures|dialogs)|designide|design|ide|cli)/"
   "vcl|\"(runtime|designide|design|ide|cli)/"
   "designide|<Q|\"(vcl|runtime|design|ide|cli|designide/forms)/"
-  # Qt's value types only: points, sizes, rectangles, strings.
-  "designide/forms|<Q|\"(vcl|design|ide|cli)/!<Q(Point|Rect|Size|String)>")
+  # Qt's value types, objects and undo stacks (QtCore, QtGui), and the one
+  # bridge between the class library's strings and Qt's: no widget.
+  "designide/forms|<Q|\"(vcl|design|ide|cli)/!<Q(Point|Rect|Size|String|Object|UndoStack|UndoCommand)>|\"vcl/QzQtString\\.h\"")
 
 set(ruled_folders "")
 foreach(rule IN LISTS rules)

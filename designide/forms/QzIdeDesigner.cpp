@@ -1,4 +1,4 @@
-#include "ide/QzIdeDesigner.h"
+#include "designide/forms/QzIdeDesigner.h"
 
 #include "vcl/QzQtString.h"
 
