@@ -1,0 +1,1 @@
+#include "design/manager/QzFormScanner.h"

@@ -1,0 +1,1 @@
+#include "design/manager/QzFormTokens.h"
