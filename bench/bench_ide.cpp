@@ -6,7 +6,7 @@
 
 #include "ide/QzDesignSurface.h"
 #include "designide/forms/QzIdeDesigner.h"
-#include "ide/QzIdeProject.h"
+#include "designide/forms/QzIdeProject.h"
 #include "ide/QzInspector.h"
 #include "ide/QzMainWindow.h"
 #include "ide/QzPackageLoader.h"

@@ -4,7 +4,7 @@
 #include "ide/QzControlLook.h"
 #include "ide/QzDesignSurface.h"
 #include "ide/QzFormClipboard.h"
-#include "ide/QzIdeProject.h"
+#include "designide/forms/QzIdeProject.h"
 #include "ide/QzInspector.h"
 #include "ide/QzPalette.h"
 

@@ -1,7 +1,7 @@
 #include "IdeFixture.h"
 
 #include "ide/QzDesignSurface.h"
-#include "ide/QzIdeProject.h"
+#include "designide/forms/QzIdeProject.h"
 #include "ide/QzPackageLoader.h"
 #include "ide/QzPalette.h"
 

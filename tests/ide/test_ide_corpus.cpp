@@ -5,7 +5,7 @@
 #include "IdeFixture.h"
 
 #include "ide/QzDesignSurface.h"
-#include "ide/QzIdeProject.h"
+#include "designide/forms/QzIdeProject.h"
 
 #include "support/Corpus.h"
 

@@ -7,7 +7,7 @@
 
 #include "ide/QzDesignSurface.h"
 #include "ide/QzFormClipboard.h"
-#include "ide/QzIdeProject.h"
+#include "designide/forms/QzIdeProject.h"
 #include "ide/QzInspector.h"
 
 #include "designide/QzPortDsgn.h"

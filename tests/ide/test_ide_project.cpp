@@ -7,7 +7,7 @@
 #include "ide/QzComponentTree.h"
 #include "ide/QzControlLook.h"
 #include "ide/QzDesignSurface.h"
-#include "ide/QzIdeProject.h"
+#include "designide/forms/QzIdeProject.h"
 #include "ide/QzInspector.h"
 #include "ide/QzPalette.h"
 

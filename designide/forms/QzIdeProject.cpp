@@ -1,4 +1,4 @@
-#include "ide/QzIdeProject.h"
+#include "designide/forms/QzIdeProject.h"
 
 #include "designide/QzPortDsgn.h"
 
