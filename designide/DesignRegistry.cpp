@@ -161,7 +161,9 @@ void RegisterComponents(const AnsiString& page, TMetaClass* const classes[], int
                            [&](const TPalettePage& p) { return SameText(p.Name, page); });
     if (it == registry.FPages.end())
         it = registry.FPages.insert(registry.FPages.end(), TPalettePage{page, {}});
-    it->Classes.insert(it->Classes.end(), classes, classes + lastIndex + 1);
+    // An empty list may come as a null pointer with lastIndex -1: add the
+    // count to it, never -1 first.
+    it->Classes.insert(it->Classes.end(), classes, classes + (lastIndex + 1));
     registry.Record("RegisterComponents", {page, JoinClassNames(classes, lastIndex + 1), IntToStr(lastIndex)});
 }
 
@@ -177,7 +179,7 @@ void RegisterNoIcon(TMetaClass* const classes[], int lastIndex)
         ::RegisterClass(classes[i]);
 
     TDesignRegistry& registry = DesignRegistry();
-    registry.FNoIcon.insert(registry.FNoIcon.end(), classes, classes + lastIndex + 1);
+    registry.FNoIcon.insert(registry.FNoIcon.end(), classes, classes + (lastIndex + 1));
     registry.Record("RegisterNoIcon", {JoinClassNames(classes, lastIndex + 1)});
 }
 
