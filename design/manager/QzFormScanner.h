@@ -68,7 +68,8 @@ struct TQzTokenRec2 : TQzTokenRec1 {
 //                  after the class when the reference is in a collection item;
 //   set hit:       "(SetsBackGround) Name: 'Blue'";
 //   privilege hit: "(Privileges) Id: 3".
-AnsiString QzLineString(const TQzTokenRec1& hit);
+// A count's form hit names its package too: "... (Label1: TQzLabel) (25, DEMO)".
+AnsiString QzLineString(const TQzTokenRec1& hit, bool withPackage = false);
 // Appended to the row text of a count hit whose item does not exist.
 inline constexpr const char* QzNonexistentText = " ( Nonexistent )";
 
@@ -119,23 +120,32 @@ public:
     // The state, as the last line left it.
     const AnsiString& FormName() const { return FFormName; }       // "Form1:TForm1"
     const AnsiString& ObjectPath() const { return FObjectPath; }   // "Label1:TQzLabel"
-    bool InCollection() const { return FInCollection; }
-    const AnsiString& CollectionName() const { return FCollectionName; }
-    int CollectionIndex() const { return FCollectionIndex; }
+    // The innermost open collection (collections may nest in items).
+    bool InCollection() const { return !FCollections.empty(); }
+    AnsiString CollectionName() const { return FCollections.empty() ? AnsiString() : FCollections.back().Name; }
+    int CollectionIndex() const { return FCollections.empty() ? -1 : FCollections.back().Index; }
     bool PkgNameSeen() const { return FPkgNameSeen; }
     const char* ProcName() const { return FProcName; }
     int LineIndex() const { return FLine; }
     const AnsiString& FileName() const { return FFileName; }
 
 private:
-    struct TLineParts;
-    bool QuickSkip(std::string_view line) const;
+    // An open collection: its property path below the object and the
+    // index of the item being read.
+    struct TCollectionLevel {
+        AnsiString Name;
+        int Index = -1;
+    };
+
+    bool QuickSkip(std::string_view line, bool pkgPending) const;
     bool ScannerObject(const TQzTokens& tokens);
-    void ScannerCollection(const TQzTokens& tokens, int equalIndex);
+    // True when the line was collection bookkeeping and yields nothing more.
+    bool ScannerCollection(const TQzTokens& tokens, int equalIndex);
     std::optional<TQzTokenRec1> NameRule(std::string_view line, int equalIndex);
-    std::optional<TQzTokenRec1> PackageRule(std::string_view line, int equalIndex);
-    TQzTokenRec1 MakeHit(std::string_view value, int equalIndex);
-    [[noreturn]] void RaiseInternal(const std::exception* cause) const;
+    std::optional<TQzTokenRec1> PackageRule(std::string_view line, int equalIndex, bool pkgPending);
+    TQzTokenRec1 MakeHit(std::string_view value, int equalIndex) const;
+    AnsiString CollectionPath() const;
+    [[noreturn]] void RaiseInternal(const std::exception& cause) const;
     [[noreturn]] void RaiseFileError() const;
     template <class NextLine>
     void Run(const AnsiString& fileName, std::vector<TQzTokenRec1>& hits, NextLine&& next);
@@ -148,7 +158,7 @@ private:
     AnsiString FSearchPkg;
     AnsiString FSearchValue;
     const char* FKindClass;
-    const char* FKeyName;       // the token before "=" the name rule looks for
+    const char* FKeyName;   // the token before "=" the name rule looks for
 
     // Per file.
     AnsiString FFileName;
@@ -156,12 +166,12 @@ private:
     AnsiString FObjectPath;
     AnsiString FObjectName;
     AnsiString FObjectClass;
-    bool FInCollection = false;
-    AnsiString FCollectionName;
-    int FCollectionIndex = -1;
+    std::vector<TCollectionLevel> FCollections;
     bool FPkgNameSeen = false;
     AnsiString FSeenPkg;
+    AnsiString FSeenPath;
     int FSeenPkgLine = -1;
+    AnsiString FLastPath;
     bool FCancelled = false;
     const char* FProcName = "Scanner";
     int FLine = -1;

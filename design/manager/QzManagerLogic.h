@@ -14,6 +14,7 @@
 #include "design/manager/QzManagerProgress.h"
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 class TProjectServices;
@@ -80,13 +81,15 @@ public:
     std::function<void(const AnsiString& formFile, TComponent* root)> OnFormChanged;
 
 private:
-    struct TFormText;
-    IQzManagerProgress& Progress() { return *FProgress; }
     bool ReadForm(const AnsiString& file, TStrings& lines);
-    int CountLines();
-    void ScanForms(TQzFormScanner& scanner, std::vector<TQzTokenRec1>& hits);
+    // The counting pass: reads every form into texts (nullptr for one that
+    // cannot be read) and returns the steps the pass will take.
+    int CountLines(TQzDlgManager kind, std::vector<std::unique_ptr<TStringList>>& texts);
+    // phase: the text shown while the forms are read; empty shows each
+    // form's name.
+    void ScanForms(TQzFormScanner& scanner, const AnsiString& phase, std::vector<TQzTokenRec1>& hits);
     void CheckSets(TQzDlgManager kind, const AnsiString& pkgName, const AnsiString& value, bool any,
-                   std::vector<TQzTokenRec1>& hits);
+                   const std::vector<AnsiString>& packages, std::vector<TQzTokenRec1>& hits);
     int ChangeHits(const std::vector<const TQzTokenRec1*>& hits, bool clear, const AnsiString& newPkg,
                    const AnsiString& newValue);
     bool ChangeFormHit(TComponent* root, const TQzTokenRec1& hit, bool clear, const AnsiString& newPkg,
@@ -99,6 +102,7 @@ private:
     TQzNoProgress FNoProgress;
     IQzManagerProgress* FProgress;
     TQzPropertyTypes FTypes;
+    AnsiString FTitle;
     bool FCancelled = false;
     TQzManagerRun FLastRun = TQzManagerRun::None;
     std::vector<AnsiString> FFailures;

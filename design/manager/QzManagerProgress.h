@@ -23,7 +23,7 @@ public:
 };
 
 // Shows nothing and never cancels.
-class TQzNoProgress final : public IQzManagerProgress {
+class TQzNoProgress : public IQzManagerProgress {
 public:
     void SetWindowProgress(bool, const AnsiString&, int) override {}
     void ProgressLabel(const AnsiString&) override {}
