@@ -32,6 +32,7 @@ TDialogName NameOf(TQzEditorDialog kind)
     case TQzEditorDialog::MultiLine: return {"TFrMultiLine", "The multi-line text editor"};
     case TQzEditorDialog::Mask: return {"TFrMask", "The mask editor"};
     case TQzEditorDialog::RichEdit: return {"TFrRichEdit", "The rich text editor"};
+    case TQzEditorDialog::Manager: return {"TFrManager", "The packages manager"};
     case TQzEditorDialog::Collection: return {"TFrCollection", "The collection editor"};
     case TQzEditorDialog::CollPageControl: return {"TFrCollPageControl", "The page collection editor"};
     case TQzEditorDialog::Menus: return {"TFrMenus", "The menus editor"};

@@ -33,6 +33,7 @@ enum class TQzEditorDialog {
     MultiLine,        // TFrMultiLine: Caption, Text in and out
     Mask,             // TFrMask: Target the TQzMask
     RichEdit,         // TFrRichEdit: Component the rich edit, Target its lines
+    Manager,          // TFrManager: Kind, PkgName and Value preset the search
     // design windows that stay open beside the designer
     Collection,       // TFrCollection: Target the collection, Caption
     CollPageControl,  // TFrCollPageControl: Target the pages, Component the control
@@ -55,8 +56,10 @@ struct TQzEditorDialogRequest {
     IDesigner* Designer = nullptr;
     AnsiString Caption;
     AnsiString Text;                   // MultiLine: the text, replaced on acceptance
-    AnsiString PkgName;                // Help: the strings package of the topic
+    AnsiString PkgName;                // Help: the strings package of the topic; Manager: the package
     Integer TopicId = -1;              // Help: the topic's text Id
+    int Kind = 0;                      // Manager: the kind of reference, in TQzDlgManager's order
+    AnsiString Value;                  // Manager: the Id or name looked for
 };
 
 // Returns the window's result: 1 when the user accepted.

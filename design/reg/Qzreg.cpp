@@ -6,6 +6,7 @@
 #include "design/reg/Qzreg.h"
 
 #include "design/images/Qzruler.h"
+#include "design/manager/QzManagerReg.h"
 #include "design/reg/QzCtrlsReg.h"
 
 #include "designide/DesignIntf.h"
@@ -254,4 +255,5 @@ void Register()
     RegisterPagesAndBars();
     RegisterDataControls();
     RegisterEditorControls();
+    RegisterManagerWindows();
 }
