@@ -2,6 +2,8 @@
 
 #include "vcl/QzQtString.h"
 
+#include "designide/forms/QzMenuBar.h"
+
 #include "runtime/components/QzPages.h"
 
 #include <QFontMetrics>
@@ -21,8 +23,10 @@ std::vector<TQzPageButton> QzPageButtons(TComponent* paged, const QRect& host, T
     int x = host.left() + 2;
     for (int i = 0; i < paged->ChildCount(); ++i) {
         TComponent* page = paged->Child(i);
-        const QString title = QzQString(QzPageTitle(paged, page));
-        const int w = metrics.horizontalAdvance(title) + 14;
+        const AnsiString caption = QzPageTitle(paged, page);
+        // The tab is as wide as the caption drawn: a mnemonic's '&' takes no room.
+        const int w = metrics.horizontalAdvance(QzQString(QzStripMnemonic(caption))) + 14;
+        const QString title = QzQString(caption);
         const int lowered = page == shown ? 0 : 2;
         buttons.push_back({page, QRect(x, host.top() + lowered, w, QzTabRowHeight - lowered), title});
         x += w;

@@ -112,7 +112,7 @@ TEST_F(TIdePagesTest, PagesOfUnknownControlsAreShownWithoutChangingTheForm)
         "    ActivePage = Sheet1\r\n"
         // A page control by its ActivePage; its sheets store no size.
         "    object Sheet1: TMyTabSheet\r\n"
-        "      Caption = 'One'\r\n"
+        "      Caption = '&One'\r\n"
         "      object Label1: TMyLabel\r\n"
         "        Left = 8\r\n"
         "        Top = 8\r\n"
@@ -140,6 +140,10 @@ TEST_F(TIdePagesTest, PagesOfUnknownControlsAreShownWithoutChangingTheForm)
     EXPECT_TRUE(QzIsPageControl(book));
     EXPECT_TRUE(QzIsControl(sheet2));   // it sits on a control
     EXPECT_EQ(QzPageTitle(book, sheet2), "Two");
+    // A tab is as wide as its caption drawn, the mnemonic marker taking no room.
+    const auto tabs = QzPageButtons(book, s->SurfaceRect(book), nullptr, s->fontMetrics());
+    ASSERT_EQ(tabs.size(), 2u);
+    EXPECT_EQ(tabs[0].Rect.width(), s->fontMetrics().horizontalAdvance("One") + 14);
     const QRect bookRect = s->SurfaceRect(book);
     EXPECT_EQ(bookRect, QRect(s->ClientOrigin() + QPoint(10, 10), QSize(200, 120)));
     EXPECT_TRUE(bookRect.contains(s->SurfaceRect(sheet2)));
