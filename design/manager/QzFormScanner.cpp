@@ -2,7 +2,14 @@
 
 #include "design/manager/QzManagerProgress.h"
 
+#include <algorithm>
+#include <bit>
+#include <charconv>
 #include <cstring>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace {
 
@@ -40,7 +47,12 @@ bool SameAscii(std::string_view a, std::string_view b)
 // The words that open a component in form text.
 bool IsObjectWord(std::string_view word)
 {
-    return SameAscii(word, "object") || SameAscii(word, "inherited") || SameAscii(word, "inline");
+    if (word.size() != 6 && word.size() != 9)
+        return false;
+    const char first = FoldAscii(word[0]);
+    if (first == 'O')
+        return SameAscii(word, "object");
+    return first == 'I' && (SameAscii(word, "inherited") || SameAscii(word, "inline"));
 }
 
 bool EndsWithGreater(std::string_view line)
@@ -49,6 +61,53 @@ bool EndsWithGreater(std::string_view line)
     while (e > 0 && static_cast<unsigned char>(line[e - 1]) <= 32)
         --e;
     return e > 0 && line[e - 1] == '>';
+}
+
+// The line feeds in [from, to).
+int CountLineFeeds(const char* from, const char* to)
+{
+    std::size_t count = 0;
+#if defined(__SSE2__)
+    const __m128i lf = _mm_set1_epi8('\n');
+    const __m128i zero = _mm_setzero_si128();
+    while (to - from >= 16) {
+        // Byte counters hold up to 255 blocks before they are summed.
+        std::size_t blocks = std::min<std::size_t>(static_cast<std::size_t>(to - from) / 16, 255);
+        __m128i counts = zero;
+        for (; blocks > 0; --blocks, from += 16)
+            counts = _mm_sub_epi8(counts, _mm_cmpeq_epi8(_mm_loadu_si128(reinterpret_cast<const __m128i*>(from)), lf));
+        const __m128i sums = _mm_sad_epu8(counts, zero);
+        count += static_cast<std::size_t>(_mm_cvtsi128_si32(sums)) + static_cast<std::size_t>(_mm_extract_epi16(sums, 4));
+    }
+#endif
+    for (; from < to; ++from)
+        count += *from == '\n';
+    return static_cast<int>(count);
+}
+
+// What follows "=", without the blanks (and code 0) at its end.
+std::string_view TrimValue(std::string_view value)
+{
+    std::size_t e = value.size();
+    while (e > 0 && static_cast<unsigned char>(value[e - 1]) <= 32)
+        --e;
+    return value.substr(0, e);
+}
+
+// Whether token 0 of line (or of the line line begins) is surely an
+// object word: the word is followed by what ends a token. Anything unusual
+// is left to the tokenizer.
+bool IsObjectLine(std::string_view line)
+{
+    std::size_t i = 0;
+    while (i < line.size() && (IsBlank(line[i]) || line[i] == '.'))
+        ++i;
+    const std::size_t wordStart = i;
+    while (i < line.size() && IsWordChar(line[i]))
+        ++i;
+    if (!IsObjectWord(line.substr(wordStart, i - wordStart)))
+        return false;
+    return i == line.size() || line[i] == ' ' || line[i] == '.' || line[i] == ':' || line[i] == '=';
 }
 
 // The item part of a property path: "Items[2]" of "Items[2].Caption".
@@ -116,6 +175,8 @@ void TQzFormScanner::BeginFile(const AnsiString& fileName)
     FObjectPath.clear();
     FObjectName.clear();
     FObjectClass.clear();
+    FPendingObject = {};
+    FPendingIndex = -1;
     FCollections.clear();
     FPkgNameSeen = false;
     FSeenPkg.clear();
@@ -124,26 +185,17 @@ void TQzFormScanner::BeginFile(const AnsiString& fileName)
     FCancelled = false;
     FProcName = "Scanner";
     FLine = -1;
+    // Looked up per file: the classes may be registered after the scanner was made.
+    FKindMeta = GetClass(FKindClass);
 }
 
-template <class NextLine>
-void TQzFormScanner::Run(const AnsiString& fileName, std::vector<TQzTokenRec1>& hits, NextLine&& next)
+template <class Body>
+void TQzFormScanner::Run(const AnsiString& fileName, Body&& body)
 {
     BeginFile(fileName);
-    std::string_view line;
     try {
-        while (next(line)) {
-            if (auto hit = LineScanner(line))
-                hits.push_back(std::move(*hit));
-            FProcName = "Scanner";
-            if (FProgress) {
-                FProgress->IncProgressBar(1);
-                if (FProgress->CheckCancel()) {
-                    FCancelled = true;
-                    break;
-                }
-            }
-        }
+        body();
+        EnsureObject();
     } catch (const EQzScanError&) {
         throw;
     } catch (const std::exception& e) {
@@ -154,86 +206,268 @@ void TQzFormScanner::Run(const AnsiString& fileName, std::vector<TQzTokenRec1>& 
 void TQzFormScanner::Scanner(const TStrings& lines, const AnsiString& fileName, std::vector<TQzTokenRec1>& hits)
 {
     const auto* list = dynamic_cast<const TStringList*>(&lines);
-    const int count = lines.Count();
-    int index = 0;
-    AnsiString copy;
-    Run(fileName, hits, [&](std::string_view& line) {
-        if (index >= count)
-            return false;
-        if (list) {
-            line = list->StringRef(index++);
-        } else {
-            copy = lines.Get(index++);
-            line = copy;
+    Run(fileName, [&] {
+        AnsiString copy;
+        for (int i = 0; i < lines.Count(); ++i) {
+            std::string_view line;
+            if (list) {
+                line = list->StringRef(i);
+            } else {
+                copy = lines.Get(i);
+                line = copy;
+            }
+            if (auto hit = LineScanner(line))
+                hits.push_back(std::move(*hit));
+            FProcName = "Scanner";
+            if (FProgress) {
+                FProgress->IncProgressBar(1);
+                if (FProgress->CheckCancel()) {
+                    FCancelled = true;
+                    return;
+                }
+            }
         }
-        return true;
     });
 }
 
 void TQzFormScanner::Scanner(std::string_view text, const AnsiString& fileName, std::vector<TQzTokenRec1>& hits)
 {
-    std::size_t pos = 0;
-    Run(fileName, hits, [&](std::string_view& line) {
-        if (pos >= text.size())
-            return false;
-        const void* lf = std::memchr(text.data() + pos, '\n', text.size() - pos);
-        const std::size_t end = lf ? static_cast<std::size_t>(static_cast<const char*>(lf) - text.data()) : text.size();
-        line = text.substr(pos, end - pos);
-        if (!line.empty() && line.back() == '\r')
-            line.remove_suffix(1);
-        pos = end + 1;
-        return true;
+    Run(fileName, [&] {
+        if (!FProgress) {
+            ScanEvents(text, hits);
+            return;
+        }
+        // Line by line, so that progress and cancel follow every line.
+        std::size_t pos = 0;
+        while (pos < text.size()) {
+            const void* lf = std::memchr(text.data() + pos, '\n', text.size() - pos);
+            const std::size_t end = lf ? static_cast<std::size_t>(static_cast<const char*>(lf) - text.data()) : text.size();
+            std::string_view line = text.substr(pos, end - pos);
+            if (!line.empty() && line.back() == '\r')
+                line.remove_suffix(1);
+            pos = end + 1;
+            if (auto hit = LineScanner(line))
+                hits.push_back(std::move(*hit));
+            FProcName = "Scanner";
+            FProgress->IncProgressBar(1);
+            if (FProgress->CheckCancel()) {
+                FCancelled = true;
+                return;
+            }
+        }
     });
 }
 
-// Most lines of a form set properties no reference lives in (Left, Font.Name,
-// hex data): those are recognised from their first characters and never
-// tokenized. Anything out of the ordinary goes to the tokenizer.
-bool TQzFormScanner::QuickSkip(std::string_view line, bool pkgPending) const
+// The lines that can matter are few: object lines, collection lines, and
+// the lines that can match. Object and collection lines hold an 'o', 'i'
+// or '.' right after a blank (the line's first word), a '<' or a '>'. A matching line
+// holds the kind's key (its anchor letter, in any case) when counting, or,
+// when searching, the first two characters of the searched value (a value
+// written in pieces or escapes holds '+' or '#'). These bytes are found 16
+// at a time, and every line they are in is read by the same rules as line
+// by line; so is the line before a matching line of a package kind (its
+// PkgName line) and the line after every PkgName line. Object lines are
+// only read when a reference needs them.
+void TQzFormScanner::ScanEvents(std::string_view text, std::vector<TQzTokenRec1>& hits)
 {
+    const std::size_t n = text.size();
+    if (n == 0)
+        return;
+    std::size_t processed = 0;
+    ScanLineAt(text, 0, 0, hits, processed);
+
+    const char* p = text.data();
+    const std::string_view value = FSearchValue;
+    const bool byValue = !FCountMode && !value.empty();
+    const bool pairs = byValue && QzDlgManagerUsesPackage(FKind);
+    const char key = QzDlgManagerUsesPackage(FKind) ? 'k' : FKind == TQzDlgManager::Privileges ? 'd' : 'm';
+    const char first = static_cast<char>((byValue ? value[0] : key) | 0x20);
+    const bool second = byValue && value.size() > 1;
+    const char next = second ? static_cast<char>(value[1] | 0x20) : 0;
+
+    // A line whose index is known: the line after the last one read.
+    std::size_t knownPos = processed;
+    int knownLine = FLine + 1;
+    const auto lineStartOf = [&](std::size_t pos) {
+        const void* lf = memrchr(p + processed, '\n', pos - processed);
+        return lf ? static_cast<std::size_t>(static_cast<const char*>(lf) - p) + 1 : processed;
+    };
+    const auto readFrom = [&](std::size_t start) {
+        knownLine += CountLineFeeds(p + knownPos, p + start);
+        ScanLineAt(text, start, knownLine, hits, processed);
+        knownPos = processed;
+        knownLine = FLine + 1;
+    };
+    // Whatever brought a line here, its match may lie further on in it: the
+    // line before is read first whenever pairs matter.
+    const auto event = [&](std::size_t pos) {
+        if (pos < processed)
+            return;
+        const std::size_t start = lineStartOf(pos);
+        if (pairs && start > processed && !IsObjectLine(text.substr(start))) {
+            const std::size_t before = lineStartOf(start - 1);
+            readFrom(before);
+            if (processed > start)
+                return;
+        }
+        readFrom(start);
+    };
+    const auto isMatch = [&](std::size_t at) {
+        const char c = p[at];
+        const char low = static_cast<char>(c | 0x20);
+        if (byValue && (c == '#' || c == '+'))
+            return true;
+        return low == first && (!second || (at + 1 < n && static_cast<char>(p[at + 1] | 0x20) == next));
+    };
+
+    std::size_t b = processed;
+#if defined(__SSE2__)
+    const __m128i v20 = _mm_set1_epi8(0x20);
+    const __m128i vFirst = _mm_set1_epi8(first);
+    const __m128i vNext = _mm_set1_epi8(next);
+    const __m128i vO = _mm_set1_epi8('o');
+    const __m128i vI = _mm_set1_epi8('i');
+    const __m128i v32 = _mm_set1_epi8(32);
+    const __m128i vDot = _mm_set1_epi8('.');
+    const __m128i vLt = _mm_set1_epi8('<');
+    const __m128i vGt = _mm_set1_epi8('>');
+    const __m128i vHash = _mm_set1_epi8('#');
+    const __m128i vPlus = _mm_set1_epi8('+');
+    for (; b + 17 <= n; b += 16) {
+        const __m128i cur = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b));
+        const __m128i prev = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b - 1));
+        const __m128i low = _mm_or_si128(cur, v20);
+        const __m128i afterBlank = _mm_cmpeq_epi8(_mm_min_epu8(prev, v32), prev);
+        const __m128i startsWord =
+            _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(low, vO), _mm_cmpeq_epi8(low, vI)), _mm_cmpeq_epi8(cur, vDot));
+        const __m128i structure = _mm_or_si128(_mm_and_si128(startsWord, afterBlank),
+                                               _mm_or_si128(_mm_cmpeq_epi8(cur, vLt), _mm_cmpeq_epi8(cur, vGt)));
+        __m128i match = _mm_cmpeq_epi8(low, vFirst);
+        if (second) {
+            const __m128i after = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b + 1));
+            match = _mm_and_si128(match, _mm_cmpeq_epi8(_mm_or_si128(after, v20), vNext));
+        }
+        if (byValue)
+            match = _mm_or_si128(match, _mm_or_si128(_mm_cmpeq_epi8(cur, vHash), _mm_cmpeq_epi8(cur, vPlus)));
+        for (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(match, structure))); mask;
+             mask &= mask - 1)
+            event(b + static_cast<std::size_t>(std::countr_zero(mask)));
+    }
+#endif
+    for (; b < n; ++b) {
+        const char c = p[b];
+        const char low = static_cast<char>(c | 0x20);
+        const bool afterBlank = static_cast<unsigned char>(p[b - 1]) <= 32;
+        if (isMatch(b) || ((low == 'o' || low == 'i' || c == '.') && afterBlank) || c == '<' || c == '>')
+            event(b);
+    }
+}
+
+void TQzFormScanner::ScanLineAt(std::string_view text, std::size_t start, int lineIndex,
+                                std::vector<TQzTokenRec1>& hits, std::size_t& processedTo)
+{
+    std::size_t pos = start;
+    do {
+        const void* lf = std::memchr(text.data() + pos, '\n', text.size() - pos);
+        const std::size_t end = lf ? static_cast<std::size_t>(static_cast<const char*>(lf) - text.data()) : text.size();
+        std::string_view line = text.substr(pos, end - pos);
+        if (!line.empty() && line.back() == '\r')
+            line.remove_suffix(1);
+        if (lineIndex == 0 || !DeferObject(line, lineIndex)) {
+            FLine = lineIndex - 1;
+            if (auto hit = LineScanner(line))
+                hits.push_back(std::move(*hit));
+        }
+        FProcName = "Scanner";
+        pos = end + 1;
+        ++lineIndex;
+    } while (FPkgNameSeen && pos < text.size());
+    processedTo = pos;
+}
+
+bool TQzFormScanner::DeferObject(std::string_view line, int lineIndex)
+{
+    if (!IsObjectLine(line))
+        return false;
+    FLine = lineIndex;
+    FPkgNameSeen = false;
+    FCollections.clear();
+    FPendingObject = line;
+    FPendingIndex = lineIndex;
+    return true;
+}
+
+void TQzFormScanner::EnsureObject()
+{
+    if (FPendingObject.empty())
+        return;
+    const int line = FLine;
+    FLine = FPendingIndex;
+    GetListTokens(FObjectTokens, FPendingObject);
+    FPendingObject = {};
+    const std::vector<TCollectionLevel> keep = std::move(FCollections);
+    ScannerObject(FObjectTokens);
+    FCollections = keep;
+    FLine = line;
+}
+
+TQzFormScanner::TLineKind TQzFormScanner::ClassifyLine(std::string_view line, bool pkgPending)
+{
+    // Most lines of a form set properties no reference lives in (Left,
+    // Font.Name, hex data): those are known from their first characters.
     const char* p = line.data();
     const std::size_t n = line.size();
     std::size_t i = 0;
     while (i < n && IsBlank(p[i]))
         ++i;
     if (i == n)
-        return true;
+        return TLineKind::Skip;
     if (!IsLetter(p[i]))
         return std::memchr(p + i, '=', n - i) == nullptr && std::memchr(p + i, ':', n - i) == nullptr &&
-               !EndsWithGreater(line) && p[i] != '.';
+                       !EndsWithGreater(line) && p[i] != '.'
+                   ? TLineKind::Skip
+                   : TLineKind::Full;
 
+    FTokens.clear();
     std::size_t segStart = i;
     while (i < n && IsWordChar(p[i]))
         ++i;
-    std::size_t segEnd = i;
-    const std::string_view first = line.substr(segStart, segEnd - segStart);
+    const std::string_view first = line.substr(segStart, i - segStart);
     if (IsObjectWord(first) || (!FCollections.empty() && SameAscii(first, "item")))
-        return false;
+        return TLineKind::Full;
+    FTokens.push_back(first);
     for (;;) {
         while (i < n && (p[i] == '.' || p[i] == ' '))
             ++i;
         if (i == n)
-            return !EndsWithGreater(line);
+            return EndsWithGreater(line) ? TLineKind::Full : TLineKind::Skip;
         if (p[i] == '=')
             break;
         if (!IsWordChar(p[i]))
-            return false;
+            return TLineKind::Full;
         segStart = i;
         while (i < n && IsWordChar(p[i]))
             ++i;
-        segEnd = i;
+        FTokens.push_back(line.substr(segStart, i - segStart));
     }
-    const std::string_view key = line.substr(segStart, segEnd - segStart);
+    const std::string_view key = FTokens.back();
     ++i;
     while (i < n && IsBlank(p[i]))
         ++i;
     if (i < n && p[i] == '<')
-        return false;
-    if (!FCollections.empty() && SameAscii(key, "Index"))
-        return false;
-    if (QzDlgManagerUsesPackage(FKind))
-        return !SameAscii(key, "PkgName") && !(pkgPending && key == "Id");
-    return !SameAscii(key, FKeyName);
+        return TLineKind::Full;
+    FValue = TrimValue(line.substr(i));
+    const bool keyLine = QzDlgManagerUsesPackage(FKind) ? SameAscii(key, "PkgName") || (pkgPending && key == "Id")
+                                                        : SameAscii(key, FKeyName);
+    if (!FCollections.empty()) {
+        // Inside a collection what follows "=" can close it; the tokenizer decides.
+        const bool index = FTokens.size() == 1 && SameAscii(key, "Index");
+        return keyLine || index || EndsWithGreater(line) ? TLineKind::Full : TLineKind::Skip;
+    }
+    if (!keyLine)
+        return TLineKind::Skip;
+    FTokens.push_back("=");
+    return TLineKind::Simple;
 }
 
 std::optional<TQzTokenRec1> TQzFormScanner::LineScanner(std::string_view line)
@@ -243,8 +477,16 @@ std::optional<TQzTokenRec1> TQzFormScanner::LineScanner(std::string_view line)
     // The package line counts for the very next line only.
     const bool pkgPending = FPkgNameSeen;
     FPkgNameSeen = false;
-    if (FLine > 0 && QuickSkip(line, pkgPending))
-        return std::nullopt;
+    if (FLine > 0) {
+        switch (ClassifyLine(line, pkgPending)) {
+        case TLineKind::Skip:
+            return std::nullopt;
+        case TLineKind::Simple:
+            return ApplyRules(static_cast<int>(FTokens.size()) - 1, pkgPending);
+        case TLineKind::Full:
+            break;
+        }
+    }
 
     FProcName = "GetListTokens";
     GetListTokens(FTokens, line);
@@ -258,27 +500,35 @@ std::optional<TQzTokenRec1> TQzFormScanner::LineScanner(std::string_view line)
         return std::nullopt;
     if (equal < 1 || FTokens[static_cast<std::size_t>(equal)] != "=")
         return std::nullopt;
+    FValue = QzValueText(line);
+    return ApplyRules(equal, pkgPending);
+}
+
+std::optional<TQzTokenRec1> TQzFormScanner::ApplyRules(int equalIndex, bool pkgPending)
+{
     if (QzDlgManagerUsesPackage(FKind))
-        return PackageRule(line, equal, pkgPending);
-    return NameRule(line, equal);
+        return PackageRule(equalIndex, pkgPending);
+    return NameRule(equalIndex);
 }
 
 bool TQzFormScanner::ScannerObject(const TQzTokens& tokens)
 {
     if (tokens.empty() || !IsObjectWord(tokens[0]))
         return false;
+    const char* caller = FProcName;
     FProcName = "GetObject";
+    FPendingObject = {};
     FCollections.clear();
     if (GetToken(tokens, 2) == ":") {
-        FObjectName = AnsiString(GetToken(tokens, 1));
-        FObjectClass = AnsiString(GetToken(tokens, 3));
+        FObjectName.assign(GetToken(tokens, 1));
+        FObjectClass.assign(GetToken(tokens, 3));
     } else {
         // A component without a name: "object TQzLabel".
         FObjectName.clear();
-        FObjectClass = AnsiString(GetToken(tokens, 1));
+        FObjectClass.assign(GetToken(tokens, 1));
     }
-    FObjectPath = FObjectName + ":" + FObjectClass;
-    FProcName = "LineScanner";
+    FObjectPath.assign(FObjectName).append(":").append(FObjectClass);
+    FProcName = caller;
     return true;
 }
 
@@ -308,11 +558,11 @@ bool TQzFormScanner::ScannerCollection(const TQzTokens& tokens, int equalIndex)
     return false;
 }
 
-std::optional<TQzTokenRec1> TQzFormScanner::NameRule(std::string_view line, int equalIndex)
+std::optional<TQzTokenRec1> TQzFormScanner::NameRule(int equalIndex)
 {
     if (!SameAscii(FTokens[static_cast<std::size_t>(equalIndex - 1)], FKeyName))
         return std::nullopt;
-    const std::string_view value = QzValueText(line);
+    const std::string_view value = FValue;
     if (FCountMode ? value.empty() : !QzSameValue(value, FSearchValue))
         return std::nullopt;
     if (!ValidTokenSel(FTokens, equalIndex))
@@ -320,31 +570,36 @@ std::optional<TQzTokenRec1> TQzFormScanner::NameRule(std::string_view line, int 
     return MakeHit(value, equalIndex);
 }
 
-std::optional<TQzTokenRec1> TQzFormScanner::PackageRule(std::string_view line, int equalIndex, bool pkgPending)
+std::optional<TQzTokenRec1> TQzFormScanner::PackageRule(int equalIndex, bool pkgPending)
 {
     const std::string_view key = FTokens[static_cast<std::size_t>(equalIndex - 1)];
     if (SameAscii(key, "PkgName")) {
-        const std::string_view value = QzValueText(line);
-        if (FCountMode ? QzDecodeValue(value).empty() : !QzSameValue(value, FSearchPkg))
+        const std::string_view value = FValue;
+        if (FCountMode ? value.empty() || value == "''" : !QzSameValue(value, FSearchPkg))
             return std::nullopt;
-        if (!ValidTokenSel(FTokens, equalIndex))
-            return std::nullopt;
+        // The property's class is checked on the Id line, which must name
+        // the same property: one check serves both lines. The package is
+        // decoded only for a hit.
         FPkgNameSeen = true;
-        FSeenPkg = QzDecodeValue(value);
-        FSeenPath = FLastPath;
+        FSeenPkg.assign(value);
         FSeenPkgLine = FLine;
+        BuildRelPath(FTokens, equalIndex);
+        FSeenPath = FRelPath;
         return std::nullopt;
     }
     // The Id of the same reference, on the line right after its package.
     if (!pkgPending || key != "Id")
         return std::nullopt;
-    const std::string_view value = QzValueText(line);
+    const std::string_view value = FValue;
     if (FCountMode ? value.empty() : !QzSameValue(value, FSearchValue))
         return std::nullopt;
-    if (!ValidTokenSel(FTokens, equalIndex) || FLastPath != FSeenPath)
+    BuildRelPath(FTokens, equalIndex);
+    if (FRelPath != FSeenPath || !ValidTokenSel(FTokens, equalIndex))
         return std::nullopt;
     TQzTokenRec1 hit = MakeHit(value, equalIndex);
-    hit.PkgName = FSeenPkg;
+    hit.PkgName = QzDecodeValue(FSeenPkg);
+    if (hit.PkgName.empty())
+        return std::nullopt;
     hit.PkgLine = FSeenPkgLine;
     hit.Text = QzLineString(hit, FCountMode);
     return hit;
@@ -361,6 +616,23 @@ AnsiString TQzFormScanner::CollectionPath() const
     return path;
 }
 
+void TQzFormScanner::BuildRelPath(const TQzTokens& tokens, int equalIndex)
+{
+    FRelPath.clear();
+    for (const TCollectionLevel& level : FCollections) {
+        if (!FRelPath.empty())
+            FRelPath += '.';
+        char digits[16];
+        const auto end = std::to_chars(digits, digits + sizeof digits, level.Index < 0 ? 0 : level.Index).ptr;
+        FRelPath.append(level.Name).append("[").append(digits, end).append("]");
+    }
+    for (int i = 0; i + 1 < equalIndex; ++i) {
+        if (!FRelPath.empty())
+            FRelPath += '.';
+        FRelPath.append(tokens[static_cast<std::size_t>(i)]);
+    }
+}
+
 AnsiString TQzFormScanner::GetStrChange(const TQzTokens& tokens, int equalIndex) const
 {
     AnsiString path = FObjectPath;
@@ -374,12 +646,29 @@ AnsiString TQzFormScanner::GetStrChange(const TQzTokens& tokens, int equalIndex)
 
 bool TQzFormScanner::ValidTokenSel(const TQzTokens& tokens, int equalIndex)
 {
+    EnsureObject();
     // References on the form itself are the form's own, not its components'.
     if (FObjectPath.empty() || FObjectPath == FFormName)
         return false;
-    FLastPath = GetStrChange(tokens, equalIndex);
-    const TMetaClass* cls = GetTypeProperty(FLastPath);
-    return cls && SameText(cls->ClassName(), FKindClass);
+    BuildRelPath(tokens, equalIndex);
+    const TMetaClass* cls = ResolveRelPath();
+    return cls && (cls == FKindMeta || SameText(cls->ClassName(), FKindClass));
+}
+
+const TMetaClass* TQzFormScanner::ResolveRelPath()
+{
+    const char* caller = FProcName;
+    FProcName = "GetTypeProperty";
+    if (FObjectClass.empty())
+        RaiseFileError();
+    const TMetaClass* cls = nullptr;
+    try {
+        cls = FTypes->Resolve(FObjectClass, FRelPath);
+    } catch (const EPropertyError&) {
+        RaiseFileError();
+    }
+    FProcName = caller;
+    return cls;
 }
 
 const TMetaClass* TQzFormScanner::GetTypeProperty(const AnsiString& path)
@@ -405,8 +694,10 @@ const TMetaClass* TQzFormScanner::GetTypeProperty(const AnsiString& path)
     return cls;
 }
 
-TQzTokenRec1 TQzFormScanner::MakeHit(std::string_view value, int equalIndex) const
+TQzTokenRec1 TQzFormScanner::MakeHit(std::string_view value, int equalIndex)
 {
+    (void)equalIndex;
+    EnsureObject();
     TQzTokenRec1 hit;
     hit.Kind = FKind;
     hit.Source = TQzHitSource::Form;
@@ -415,12 +706,7 @@ TQzTokenRec1 TQzFormScanner::MakeHit(std::string_view value, int equalIndex) con
     hit.Value = QzDecodeValue(value);
     hit.ObjectName = FObjectName;
     hit.ObjectClass = FObjectClass;
-    hit.PropPath = CollectionPath();
-    for (int i = 0; i + 1 < equalIndex; ++i) {
-        if (!hit.PropPath.empty())
-            hit.PropPath += '.';
-        hit.PropPath += AnsiString(FTokens[static_cast<std::size_t>(i)]);
-    }
+    hit.PropPath = FRelPath;   // as the type check built it for this line
     if (!QzDlgManagerIsSet(FKind))
         hit.Id = StrToIntDef(hit.Value, -1);
     hit.Text = QzLineString(hit);

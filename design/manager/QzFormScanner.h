@@ -136,19 +136,38 @@ private:
         AnsiString Name;
         int Index = -1;
     };
+    // What the first characters of a line tell.
+    enum class TLineKind {
+        Skip,     // sets nothing a reference lives in
+        Simple,   // "Name.Name = value" outside collections: FTokens holds the names and "="
+        Full,     // anything else: tokenize
+    };
 
-    bool QuickSkip(std::string_view line, bool pkgPending) const;
+    TLineKind ClassifyLine(std::string_view line, bool pkgPending);
+    std::optional<TQzTokenRec1> ApplyRules(int equalIndex, bool pkgPending);
     bool ScannerObject(const TQzTokens& tokens);
+    // The object line at text is remembered and read only when a reference
+    // needs it (most objects hold none).
+    bool DeferObject(std::string_view line, int lineIndex);
+    void EnsureObject();
     // True when the line was collection bookkeeping and yields nothing more.
     bool ScannerCollection(const TQzTokens& tokens, int equalIndex);
-    std::optional<TQzTokenRec1> NameRule(std::string_view line, int equalIndex);
-    std::optional<TQzTokenRec1> PackageRule(std::string_view line, int equalIndex, bool pkgPending);
-    TQzTokenRec1 MakeHit(std::string_view value, int equalIndex) const;
+    std::optional<TQzTokenRec1> NameRule(int equalIndex);
+    std::optional<TQzTokenRec1> PackageRule(int equalIndex, bool pkgPending);
+    TQzTokenRec1 MakeHit(std::string_view value, int equalIndex);
+    // The property path below the object into FRelPath: "Items[2].Caption".
+    void BuildRelPath(const TQzTokens& tokens, int equalIndex);
     AnsiString CollectionPath() const;
+    const TMetaClass* ResolveRelPath();
     [[noreturn]] void RaiseInternal(const std::exception& cause) const;
     [[noreturn]] void RaiseFileError() const;
-    template <class NextLine>
-    void Run(const AnsiString& fileName, std::vector<TQzTokenRec1>& hits, NextLine&& next);
+    // Runs body over a new file, reporting what it throws as a scan error.
+    template <class Body>
+    void Run(const AnsiString& fileName, Body&& body);
+    // Scans text by jumping from one line that may matter to the next.
+    void ScanEvents(std::string_view text, std::vector<TQzTokenRec1>& hits);
+    void ScanLineAt(std::string_view text, std::size_t start, int lineIndex, std::vector<TQzTokenRec1>& hits,
+                    std::size_t& processedTo);
 
     TQzDlgManager FKind;
     TQzPropertyTypes FOwnTypes;
@@ -158,6 +177,7 @@ private:
     AnsiString FSearchPkg;
     AnsiString FSearchValue;
     const char* FKindClass;
+    const TMetaClass* FKindMeta = nullptr;
     const char* FKeyName;   // the token before "=" the name rule looks for
 
     // Per file.
@@ -166,14 +186,18 @@ private:
     AnsiString FObjectPath;
     AnsiString FObjectName;
     AnsiString FObjectClass;
+    std::string_view FPendingObject;   // an object line not read yet
+    int FPendingIndex = -1;
     std::vector<TCollectionLevel> FCollections;
     bool FPkgNameSeen = false;
-    AnsiString FSeenPkg;
-    AnsiString FSeenPath;
+    AnsiString FSeenPkg;   // as written
+    std::string FSeenPath;
     int FSeenPkgLine = -1;
-    AnsiString FLastPath;
+    std::string FRelPath;
     bool FCancelled = false;
     const char* FProcName = "Scanner";
     int FLine = -1;
     TQzTokens FTokens;
+    std::string_view FValue;   // what the line sets, as written
+    TQzTokens FObjectTokens;
 };

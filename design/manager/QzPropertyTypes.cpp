@@ -100,21 +100,27 @@ void AppendLower(std::string& out, std::string_view s)
 const TMetaClass* TQzPropertyTypes::Resolve(std::string_view className, std::string_view path)
 {
     // Indexes do not change the class, so "Items[2]" and "Items[7]" share one entry.
-    std::string key;
-    key.reserve(className.size() + path.size() + 1);
-    AppendLower(key, className);
-    key += '|';
-    for (std::size_t i = 0; i < path.size(); ++i) {
-        const char c = path[i];
-        if (c >= '0' && c <= '9' && i > 0 && (path[i - 1] == '[' || (path[i - 1] >= '0' && path[i - 1] <= '9')))
+    FKey.clear();
+    AppendLower(FKey, className);
+    FKey += '|';
+    bool inIndex = false;
+    bool badIndex = false;
+    for (const char c : path) {
+        if (c == '[' || c == ']') {
+            inIndex = c == '[';
+        } else if (inIndex) {
+            badIndex = badIndex || c < '0' || c > '9';
             continue;
-        key += (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+        }
+        FKey += (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
     }
-    const auto found = FCache.find(key);
+    if (badIndex)
+        return Walk(className, path);   // raises, naming the path
+    const auto found = FCache.find(FKey);
     if (found != FCache.end())
         return found->second;
     const TMetaClass* cls = Walk(className, path);
-    FCache.emplace(std::move(key), cls);
+    FCache.emplace(FKey, cls);
     return cls;
 }
 

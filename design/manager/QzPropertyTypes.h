@@ -28,4 +28,5 @@ public:
 private:
     const TMetaClass* Walk(std::string_view className, std::string_view path);
     std::unordered_map<std::string, const TMetaClass*> FCache;
+    std::string FKey;   // kept, so a lookup allocates nothing
 };

@@ -324,12 +324,21 @@ TEST_F(FormScanner, PropertyTypesFollowObjectsAndCollections)
 
 TEST_F(FormScanner, ALineThatMakesNoSenseNamesTheFileAndLine)
 {
-    const char* const form = "object Form1: TQzCForm\n  object Label1:\n    Caption.PkgName = 'DEMO'\n  end\nend\n";
-    try {
-        Scan(TQzDlgManager::Labels, "DEMO", "5", form);
-        FAIL() << "no error";
-    } catch (const EQzScanError& e) {
-        EXPECT_EQ(e.Message(), "The file: forms/Unit1.dfm can contain an error in the line: 3");
+    const std::tuple<TQzDlgManager, const char*, const char*> cases[] = {
+        {TQzDlgManager::Labels, "Caption.PkgName = 'DEMO'\n    Caption.Id = 5", "4"},
+        {TQzDlgManager::SetsBackGround, "SetBackGround.Name = 'Blue'", "3"},
+        {TQzDlgManager::Labels, "Items[x].Caption.PkgName = 'DEMO'\n    Items[x].Caption.Id = 5", "4"},
+    };
+    for (const auto& [kind, lines, line] : cases) {
+        const bool classless = std::string(lines).find("[x]") == std::string::npos;
+        const std::string form = std::string("object Form1: TQzCForm\n  object Label1:") + (classless ? "" : " TQzListBox") +
+                                 "\n    " + lines + "\n  end\nend\n";
+        try {
+            Scan(kind, "DEMO", kind == TQzDlgManager::Labels ? "5" : "Blue", form);
+            ADD_FAILURE() << "no error: " << form;
+        } catch (const EQzScanError& e) {
+            EXPECT_EQ(e.Message(), std::string("The file: forms/Unit1.dfm can contain an error in the line: ") + line);
+        }
     }
 }
 
