@@ -56,6 +56,15 @@ TFrManager::TFrManager(TProjectServices& project, IQzManagerPackages& packages, 
     command(tr("Check &All"), [this] { FHits->CheckAll(); });
     command(tr("&Uncheck All"), [this] { FHits->CheckNone(); });
     command(tr("&Invert Checks"), [this] { FHits->InvertChecks(); });
+    auto* separator = new QAction(clb);
+    separator->setSeparator(true);
+    clb->addAction(separator);
+    auto* checkFound = new QAction(tr("Check &Found Rows"), clb);
+    checkFound->setObjectName(QStringLiteral("MnCheckFound"));
+    checkFound->setCheckable(true);
+    checkFound->setChecked(FCheckAll);
+    connect(checkFound, &QAction::toggled, this, [this](bool on) { FCheckAll = on; });
+    clb->addAction(checkFound);
 
     connect(FHits, &TQzCheckListModel::ChecksChanged, this, [this] { clbClickCheck(); });
     connect(clb, &TQzListView::CurrentRowChanged, this, [this] { clbClick(); });
@@ -79,7 +88,8 @@ TFrManager::~TFrManager()
 TModalResult TFrManager::Execute(TQzDlgManager kind, const AnsiString& pkgName, const AnsiString& value)
 {
     SetKind(kind);
-    if (QzDlgManagerUsesPackage(kind))
+    // Without a package the first active one is offered.
+    if (QzDlgManagerUsesPackage(kind) && !pkgName.empty())
         EdPkg->setCurrentText(QzQString(pkgName));
     EdId->setText(QzQString(value));
     return ShowModal();

@@ -73,6 +73,7 @@ private:
     std::vector<TQzTokenRec2> FRows;
     TQzDlgManager FKind = TQzDlgManager::Labels;
     TQzManagerRun FLastRun = TQzManagerRun::None;
-    // New rows start checked: what is found is usually what is changed.
+    // Whether new rows start checked (the list's context menu sets it): by
+    // default they do, since what is found is usually what is changed.
     bool FCheckAll = true;
 };

@@ -21,6 +21,7 @@
 
 #include "rtl/TypInfo.h"
 
+#include <QAction>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QFile>
@@ -184,6 +185,29 @@ TEST_F(ManagerWindow, ScanListsTheReferencesOfEveryFormAndCountsTheChecks)
     ASSERT_NE(Designer("Beta.dfm"), nullptr);
     EXPECT_FALSE(Designer("Alpha.dfm")->IsModified());
     EXPECT_FALSE(Designer("Beta.dfm")->IsModified());
+}
+
+TEST_F(ManagerWindow, WithFoundRowsLeftUncheckedOnlyTheRowsCheckedLaterCanBeChanged)
+{
+    TQzModalDriver driver;
+    driver
+        .Then("leave new rows unchecked",
+              [](QWidget* w) { TQzModalDriver::Find<QAction>(w, "MnCheckFound")->setChecked(false); })
+        .Click("BtScan")
+        .Then("nothing checked, nothing to change",
+              [](QWidget* w) {
+                  EXPECT_EQ(Status(w), "Found: 3 Selected: 0");
+                  EXPECT_FALSE(TQzModalDriver::Find<QWidget>(w, "BtReplace")->isEnabled());
+                  EXPECT_FALSE(TQzModalDriver::Find<QWidget>(w, "BtClear")->isEnabled());
+                  TFrManager* manager = Manager(w);
+                  manager->clb->SelectSourceRow(2);
+                  QTest::keyClick(manager->clb, Qt::Key_Space);
+                  EXPECT_EQ(Status(w), "Found: 3 Selected: 1");
+                  EXPECT_TRUE(TQzModalDriver::Find<QWidget>(w, "BtReplace")->isEnabled());
+                  EXPECT_TRUE(TQzModalDriver::Find<QWidget>(w, "BtClear")->isEnabled());
+              })
+        .Click("BtOk");
+    Run(TQzDlgManager::Labels, "DEMO", "5");
 }
 
 TEST_F(ManagerWindow, ReplaceChangesTheCheckedReferencesOnlyAndMarksTheirForms)
