@@ -4,6 +4,7 @@
 #include "ide/QzControlLook.h"
 #include "ide/QzDesignSurface.h"
 #include "ide/QzFormClipboard.h"
+#include "designide/DesignMenuCommands.h"
 #include "designide/forms/QzIdeProject.h"
 #include "ide/QzInspector.h"
 #include "ide/QzPalette.h"
@@ -30,10 +31,33 @@
 #include <QUndoStack>
 #include <QVBoxLayout>
 
+#include <map>
 #include <utility>
 
 namespace {
+
+// The design package's commands (the packages manager by kind, ...), read
+// each time the menu opens: the package registers them when it loads.
+void FillDesignMenuCommands(QMenu* menu, QWidget* window)
+{
+    menu->clear();
+    std::map<AnsiString, QMenu*> groups;
+    for (const TDesignMenuCommand& command : DesignMenuCommands()) {
+        QMenu* into = menu;
+        if (!command.Group.empty()) {
+            QMenu*& group = groups[command.Group];
+            if (!group)
+                group = menu->addMenu(QzQString(command.Group));
+            into = group;
+        }
+        const auto run = command.Execute;
+        into->addAction(QzQString(command.Caption), window, [window, run] { QzRunReportingErrors(window, run); });
+    }
+    if (menu->isEmpty())
+        menu->addAction(QObject::tr("(No tools: the design package is not loaded)"))->setEnabled(false);
 }
+
+}  // namespace
 
 TQzMainWindow::TQzMainWindow(QWidget* parent)
     : QMainWindow(parent),
@@ -156,6 +180,10 @@ void TQzMainWindow::BuildMenus()
     FSelectAll = command(tr("Select &All"), QKeySequence::SelectAll,
                          [this](TIdeDesigner* d) { SurfaceOf(d)->SelectAll(); });
     UpdateEditActions();
+
+    QMenu* toolsMenu = menuBar()->addMenu(tr("&Tools"));
+    connect(toolsMenu, &QMenu::aboutToShow, this, [this, toolsMenu] { FillDesignMenuCommands(toolsMenu, this); });
+    FillDesignMenuCommands(toolsMenu, this);
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     for (QDockWidget* d : findChildren<QDockWidget*>())
