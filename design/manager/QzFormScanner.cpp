@@ -258,23 +258,23 @@ void TQzFormScanner::Scanner(std::string_view text, const AnsiString& fileName, 
     });
 }
 
-// The lines that can matter are few: object lines, collection lines, and
-// the lines that can match. Object and collection lines hold an 'o', 'i'
-// or '.' right after a blank (the line's first word), a '<' or a '>'. A matching line
-// holds the kind's key (its anchor letter, in any case) when counting, or,
-// when searching, the first two characters of the searched value (a value
-// written in pieces or escapes holds '+' or '#'). These bytes are found 16
-// at a time, and every line they are in is read by the same rules as line
-// by line; so is the line before a matching line of a package kind (its
-// PkgName line) and the line after every PkgName line. Object lines are
-// only read when a reference needs them.
+// Few lines of a form can match: when counting, those that hold the kind's
+// key (its anchor letter, in any case); when searching, those that hold
+// the first two characters of the searched value (a value written in
+// pieces or escapes holds '+' or '#'). These bytes are found 16 at a time.
+// At each such line the object and collections are brought up to date from
+// the lines skipped since the last one (the last object line among them,
+// then the lines that open, close or number collections), and the line is
+// read by the same rules as line by line; so is the line before it for a
+// package kind (its PkgName line), and the line after every PkgName line.
 void TQzFormScanner::ScanEvents(std::string_view text, std::vector<TQzTokenRec1>& hits)
 {
     const std::size_t n = text.size();
     if (n == 0)
         return;
-    std::size_t processed = 0;
-    ScanLineAt(text, 0, 0, hits, processed);
+    TTextCursor c;
+    c.Text = text;
+    ScanLineAt(c, 0, hits);
 
     const char* p = text.data();
     const std::string_view value = FSearchValue;
@@ -285,88 +285,112 @@ void TQzFormScanner::ScanEvents(std::string_view text, std::vector<TQzTokenRec1>
     const bool second = byValue && value.size() > 1;
     const char next = second ? static_cast<char>(value[1] | 0x20) : 0;
 
-    // A line whose index is known: the line after the last one read.
-    std::size_t knownPos = processed;
-    int knownLine = FLine + 1;
-    const auto lineStartOf = [&](std::size_t pos) {
-        const void* lf = memrchr(p + processed, '\n', pos - processed);
-        return lf ? static_cast<std::size_t>(static_cast<const char*>(lf) - p) + 1 : processed;
-    };
-    const auto readFrom = [&](std::size_t start) {
-        knownLine += CountLineFeeds(p + knownPos, p + start);
-        ScanLineAt(text, start, knownLine, hits, processed);
-        knownPos = processed;
-        knownLine = FLine + 1;
-    };
-    // Whatever brought a line here, its match may lie further on in it: the
-    // line before is read first whenever pairs matter.
-    const auto event = [&](std::size_t pos) {
-        if (pos < processed)
-            return;
-        const std::size_t start = lineStartOf(pos);
-        if (pairs && start > processed && !IsObjectLine(text.substr(start))) {
-            const std::size_t before = lineStartOf(start - 1);
-            readFrom(before);
-            if (processed > start)
-                return;
-        }
-        readFrom(start);
-    };
-    const auto isMatch = [&](std::size_t at) {
-        const char c = p[at];
-        const char low = static_cast<char>(c | 0x20);
-        if (byValue && (c == '#' || c == '+'))
-            return true;
-        return low == first && (!second || (at + 1 < n && static_cast<char>(p[at + 1] | 0x20) == next));
-    };
-
-    std::size_t b = processed;
+    std::size_t b = c.Processed;
 #if defined(__SSE2__)
     const __m128i v20 = _mm_set1_epi8(0x20);
     const __m128i vFirst = _mm_set1_epi8(first);
     const __m128i vNext = _mm_set1_epi8(next);
-    const __m128i vO = _mm_set1_epi8('o');
-    const __m128i vI = _mm_set1_epi8('i');
-    const __m128i v32 = _mm_set1_epi8(32);
-    const __m128i vDot = _mm_set1_epi8('.');
-    const __m128i vLt = _mm_set1_epi8('<');
-    const __m128i vGt = _mm_set1_epi8('>');
     const __m128i vHash = _mm_set1_epi8('#');
     const __m128i vPlus = _mm_set1_epi8('+');
     for (; b + 17 <= n; b += 16) {
         const __m128i cur = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b));
-        const __m128i prev = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b - 1));
-        const __m128i low = _mm_or_si128(cur, v20);
-        const __m128i afterBlank = _mm_cmpeq_epi8(_mm_min_epu8(prev, v32), prev);
-        const __m128i startsWord =
-            _mm_or_si128(_mm_or_si128(_mm_cmpeq_epi8(low, vO), _mm_cmpeq_epi8(low, vI)), _mm_cmpeq_epi8(cur, vDot));
-        const __m128i structure = _mm_or_si128(_mm_and_si128(startsWord, afterBlank),
-                                               _mm_or_si128(_mm_cmpeq_epi8(cur, vLt), _mm_cmpeq_epi8(cur, vGt)));
-        __m128i match = _mm_cmpeq_epi8(low, vFirst);
+        __m128i match = _mm_cmpeq_epi8(_mm_or_si128(cur, v20), vFirst);
         if (second) {
             const __m128i after = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b + 1));
             match = _mm_and_si128(match, _mm_cmpeq_epi8(_mm_or_si128(after, v20), vNext));
         }
         if (byValue)
             match = _mm_or_si128(match, _mm_or_si128(_mm_cmpeq_epi8(cur, vHash), _mm_cmpeq_epi8(cur, vPlus)));
-        for (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(match, structure))); mask;
-             mask &= mask - 1)
-            event(b + static_cast<std::size_t>(std::countr_zero(mask)));
+        for (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(match)); mask; mask &= mask - 1)
+            ScanEvent(c, b + static_cast<std::size_t>(std::countr_zero(mask)), pairs, hits);
     }
 #endif
     for (; b < n; ++b) {
-        const char c = p[b];
-        const char low = static_cast<char>(c | 0x20);
-        const bool afterBlank = static_cast<unsigned char>(p[b - 1]) <= 32;
-        if (isMatch(b) || ((low == 'o' || low == 'i' || c == '.') && afterBlank) || c == '<' || c == '>')
-            event(b);
+        const char c0 = p[b];
+        const bool match = static_cast<char>(c0 | 0x20) == first &&
+                           (!second || (b + 1 < n && static_cast<char>(p[b + 1] | 0x20) == next));
+        if (match || (byValue && (c0 == '#' || c0 == '+')))
+            ScanEvent(c, b, pairs, hits);
     }
+    CatchUp(c, n, hits);
 }
 
-void TQzFormScanner::ScanLineAt(std::string_view text, std::size_t start, int lineIndex,
-                                std::vector<TQzTokenRec1>& hits, std::size_t& processedTo)
+void TQzFormScanner::ScanEvent(TTextCursor& c, std::size_t pos, bool pairs, std::vector<TQzTokenRec1>& hits)
 {
+    if (pos < c.Processed)
+        return;
+    const std::size_t start = LineStartBefore(c, pos);
+    const std::size_t from = pairs && start > c.Processed ? LineStartBefore(c, start - 1) : start;
+    CatchUp(c, from, hits);
+    ScanLineAt(c, from, hits);
+    if (c.Processed <= start)
+        ScanLineAt(c, start, hits);
+}
+
+void TQzFormScanner::CatchUp(TTextCursor& c, std::size_t to, std::vector<TQzTokenRec1>& hits)
+{
+    if (to <= c.Processed)
+        return;
+    const std::string_view text = c.Text;
+    const auto lineAt = [&](std::size_t start, std::size_t& next) {
+        const void* lf = std::memchr(text.data() + start, '\n', to - start);
+        const std::size_t end = lf ? static_cast<std::size_t>(static_cast<const char*>(lf) - text.data()) : to;
+        next = end + 1;
+        std::string_view line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r')
+            line.remove_suffix(1);
+        return line;
+    };
+
+    // The last object line settles the object; no collection outlives it.
+    std::size_t pos = c.Processed;
+    for (std::size_t end = to; end > c.Processed;) {
+        const std::size_t start = LineStartBefore(c, end - 1);
+        std::size_t next = 0;
+        const std::string_view line = lineAt(start, next);
+        if (IsTokenObjectLine(line)) {
+            const int index = LineIndexAt(c, start);
+            FLine = index;
+            FCollections.clear();
+            FPendingObject = line;
+            FPendingIndex = index;
+            pos = next;
+            break;
+        }
+        end = start;
+    }
+    // Then the lines that open, close or number collections.
+    while (pos < to) {
+        std::size_t next = 0;
+        const std::string_view line = lineAt(pos, next);
+        bool shapes = std::memchr(line.data(), '<', line.size()) || std::memchr(line.data(), '>', line.size());
+        if (!shapes && !FCollections.empty()) {
+            std::size_t i = 0;
+            while (i < line.size() && IsBlank(line[i]))
+                ++i;
+            std::size_t e = i;
+            while (e < line.size() && IsWordChar(line[e]))
+                ++e;
+            const std::string_view word = line.substr(i, e - i);
+            shapes = SameAscii(word, "item") || SameAscii(word, "Index");
+        }
+        if (shapes) {
+            FLine = LineIndexAt(c, pos) - 1;
+            if (auto hit = LineScanner(line))
+                hits.push_back(std::move(*hit));
+        }
+        pos = next;
+    }
+    // Lines read here hold no match: nothing waits for the line at to.
+    FPkgNameSeen = false;
+    c.Processed = to;
+}
+
+void TQzFormScanner::ScanLineAt(TTextCursor& c, std::size_t start, std::vector<TQzTokenRec1>& hits)
+{
+    const std::string_view text = c.Text;
     std::size_t pos = start;
+    int lineIndex = LineIndexAt(c, start);
     do {
         const void* lf = std::memchr(text.data() + pos, '\n', text.size() - pos);
         const std::size_t end = lf ? static_cast<std::size_t>(static_cast<const char*>(lf) - text.data()) : text.size();
@@ -382,7 +406,37 @@ void TQzFormScanner::ScanLineAt(std::string_view text, std::size_t start, int li
         pos = end + 1;
         ++lineIndex;
     } while (FPkgNameSeen && pos < text.size());
-    processedTo = pos;
+    c.Processed = std::min(pos, text.size());
+    c.KnownPos = c.Processed;
+    c.KnownLine = lineIndex;
+}
+
+std::size_t TQzFormScanner::LineStartBefore(const TTextCursor& c, std::size_t pos)
+{
+    const char* p = c.Text.data();
+    const void* lf = memrchr(p + c.Processed, '\n', pos - c.Processed);
+    return lf ? static_cast<std::size_t>(static_cast<const char*>(lf) - p) + 1 : c.Processed;
+}
+
+int TQzFormScanner::LineIndexAt(TTextCursor& c, std::size_t start)
+{
+    c.KnownLine += CountLineFeeds(c.Text.data() + c.KnownPos, c.Text.data() + start);
+    c.KnownPos = start;
+    return c.KnownLine;
+}
+
+bool TQzFormScanner::IsTokenObjectLine(std::string_view line)
+{
+    // Token 0 starts at the first character that is no blank and no '.'.
+    std::size_t i = 0;
+    while (i < line.size() && (IsBlank(line[i]) || line[i] == '.'))
+        ++i;
+    if (i == line.size() || (FoldAscii(line[i]) != 'O' && FoldAscii(line[i]) != 'I'))
+        return false;
+    if (IsObjectLine(line))
+        return true;
+    GetListTokens(FObjectTokens, line);
+    return !FObjectTokens.empty() && IsObjectWord(FObjectTokens[0]);
 }
 
 bool TQzFormScanner::DeferObject(std::string_view line, int lineIndex)

@@ -164,10 +164,24 @@ private:
     // Runs body over a new file, reporting what it throws as a scan error.
     template <class Body>
     void Run(const AnsiString& fileName, Body&& body);
-    // Scans text by jumping from one line that may matter to the next.
+    // Where a scan by jumping stands in its text.
+    struct TTextCursor {
+        std::string_view Text;
+        std::size_t Processed = 0;   // the lines before it are read
+        std::size_t KnownPos = 0;    // a line start whose index is known
+        int KnownLine = 0;
+    };
+    // Scans text by jumping from one line that may match to the next.
     void ScanEvents(std::string_view text, std::vector<TQzTokenRec1>& hits);
-    void ScanLineAt(std::string_view text, std::size_t start, int lineIndex, std::vector<TQzTokenRec1>& hits,
-                    std::size_t& processedTo);
+    void ScanEvent(TTextCursor& c, std::size_t pos, bool pairs, std::vector<TQzTokenRec1>& hits);
+    // Brings the object and collection state over the unread lines before to.
+    void CatchUp(TTextCursor& c, std::size_t to, std::vector<TQzTokenRec1>& hits);
+    // Reads the line at start, and the lines after it while a package line
+    // waits for its Id.
+    void ScanLineAt(TTextCursor& c, std::size_t start, std::vector<TQzTokenRec1>& hits);
+    static std::size_t LineStartBefore(const TTextCursor& c, std::size_t pos);
+    static int LineIndexAt(TTextCursor& c, std::size_t start);
+    bool IsTokenObjectLine(std::string_view line);
 
     TQzDlgManager FKind;
     TQzPropertyTypes FOwnTypes;

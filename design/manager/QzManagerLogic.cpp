@@ -6,9 +6,13 @@
 #include "runtime/util/QzDesigner.h"
 
 #include "rtl/Collection.h"
+#include "rtl/FormText.h"
 
+#include <algorithm>
+#include <fstream>
 #include <map>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -123,23 +127,63 @@ std::vector<AnsiString> TQzManagerLogic::FormFiles() const
     return files;
 }
 
-bool TQzManagerLogic::ReadForm(const AnsiString& file, TStrings& lines)
+bool TQzManagerLogic::ReadForm(const AnsiString& file, std::string& text)
 {
+    // A form on disk that no designer has open is read as bytes and scanned
+    // as one text, without making a line list of it.
+    if (auto* folder = dynamic_cast<TFolderProject*>(&FProject)) {
+        const AnsiString onDisk = folder->FindFormFile(file);
+        if (!onDisk.empty() && !folder->Designers().FindDesigner(onDisk)) {
+            std::ifstream in(onDisk, std::ios::binary | std::ios::ate);
+            if (!in)
+                return false;
+            text.resize(static_cast<std::size_t>(in.tellg()));
+            in.seekg(0);
+            in.read(text.data(), static_cast<std::streamsize>(text.size()));
+            text.resize(static_cast<std::size_t>(in.gcount()));
+            // Only a binary form needs the options that give its text.
+            const TFormFormat format = DetectFormFormat(text);
+            try {
+                switch (format) {
+                case TFormFormat::Resource:
+                    text = FormResourceToText(text, DetectFormTextOptions(text));
+                    return true;
+                case TFormFormat::Binary:
+                    text = FormBinaryToText(text, DetectFormTextOptions(text));
+                    return true;
+                case TFormFormat::Text:
+                case TFormFormat::Unknown:
+                    break;
+                }
+            } catch (Exception& e) {
+                e.SetMessage(onDisk + ": " + e.Message());
+                throw;
+            }
+            if (text.compare(0, 3, "\xEF\xBB\xBF") == 0)
+                text.erase(0, 3);
+            return true;
+        }
+    }
+    TStringList lines;
     TStreamOriginalFormat format = sofUnknown;
-    lines.Clear();
-    return FProject.ReadFormText(file, lines, format);
+    if (!FProject.ReadFormText(file, lines, format))
+        return false;
+    text = lines.Text();
+    return true;
 }
 
-int TQzManagerLogic::CountLines(TQzDlgManager kind, std::vector<std::unique_ptr<TStringList>>& texts)
+int TQzManagerLogic::CountLines(TQzDlgManager kind, std::vector<std::optional<std::string>>& texts)
 {
     int total = 0;
     for (const AnsiString& file : FormFiles()) {
-        auto lines = std::make_unique<TStringList>();
-        if (!ReadForm(file, *lines))
-            lines.reset();
-        else
-            total += lines->Count();
-        texts.push_back(std::move(lines));
+        std::string text;
+        if (ReadForm(file, text)) {
+            total += static_cast<int>(std::count(text.begin(), text.end(), '\n')) +
+                     (!text.empty() && text.back() != '\n' ? 1 : 0);
+            texts.emplace_back(std::move(text));
+        } else {
+            texts.emplace_back();
+        }
     }
     const TQzPkgDisplay* display = FPackages.Display();
     if (display && (kind == TQzDlgManager::Images || kind == TQzDlgManager::Labels))
@@ -155,25 +199,23 @@ int TQzManagerLogic::CountLines(TQzDlgManager kind, std::vector<std::unique_ptr<
 void TQzManagerLogic::ScanForms(TQzFormScanner& scanner, const AnsiString& phase, std::vector<TQzTokenRec1>& hits)
 {
     // With a window to show progress in, the forms are read first to size
-    // the bar, and those texts are what is scanned.
+    // the bar, and those texts are what is scanned, line by line.
     const bool showing = FProgress != &FNoProgress;
-    std::vector<std::unique_ptr<TStringList>> texts;
+    std::vector<std::optional<std::string>> texts;
     const int total = showing ? CountLines(scanner.Kind(), texts) : 0;
     FProgress->SetWindowProgress(true, FTitle, total);
-    scanner.SetProgress(FProgress);
+    scanner.SetProgress(showing ? FProgress : nullptr);
 
     const std::vector<AnsiString> files = FormFiles();
+    std::string own;
     for (std::size_t i = 0; i < files.size() && !FCancelled; ++i) {
         FProgress->ProgressLabel(phase.empty() ? ExtractFileName(files[i]) : phase);
-        TStringList own;
-        TStringList* lines = showing ? texts[i].get() : &own;
-        if (!showing && !ReadForm(files[i], own))
-            lines = nullptr;
-        if (!lines)
+        const std::string* text = showing ? (texts[i] ? &*texts[i] : nullptr) : (ReadForm(files[i], own) ? &own : nullptr);
+        if (!text)
             continue;
         if (OpenFormsWhileScanning)
             FProject.DesignForm(files[i]);
-        scanner.Scanner(*lines, files[i], hits);
+        scanner.Scanner(std::string_view(*text), files[i], hits);
         FCancelled = scanner.Cancelled();
     }
 }

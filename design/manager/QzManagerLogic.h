@@ -14,7 +14,8 @@
 #include "design/manager/QzManagerProgress.h"
 
 #include <functional>
-#include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 class TProjectServices;
@@ -81,10 +82,11 @@ public:
     std::function<void(const AnsiString& formFile, TComponent* root)> OnFormChanged;
 
 private:
-    bool ReadForm(const AnsiString& file, TStrings& lines);
-    // The counting pass: reads every form into texts (nullptr for one that
+    // The form's text; false when there is none.
+    bool ReadForm(const AnsiString& file, std::string& text);
+    // The counting pass: reads every form into texts (none for one that
     // cannot be read) and returns the steps the pass will take.
-    int CountLines(TQzDlgManager kind, std::vector<std::unique_ptr<TStringList>>& texts);
+    int CountLines(TQzDlgManager kind, std::vector<std::optional<std::string>>& texts);
     // phase: the text shown while the forms are read; empty shows each
     // form's name.
     void ScanForms(TQzFormScanner& scanner, const AnsiString& phase, std::vector<TQzTokenRec1>& hits);
