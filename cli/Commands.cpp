@@ -1,58 +1,70 @@
 #include "cli/Commands.h"
 
 #include "cli/ConvertCommand.h"
-#ifdef QZ_CLI_DESIGN
-#include "cli/ClassesCommand.h"
-#include "cli/PackageFileCommands.h"
-#include "cli/RegistrationsCommand.h"
-#endif
-
-#include <cstring>
-#include <functional>
-#include <map>
+#include "cli/DesignCommands.h"
 
 namespace {
 
-const char* const Usage =
-    "Usage: qzpkg COMMAND [OPTIONS] ARGUMENTS\n"
-    "\n"
-    "Commands:\n"
-    "  convert --to text|binary|resource [options] IN OUT\n"
-    "      Converts a form file between its text, binary and resource formats.\n"
+// A command runs here (Run set) or from the design commands' module.
+struct TCommand {
+    const char* Name;
+    const char* Synopsis;
+    TCommandFunction Run;
+};
+
+const TCommand Commands[] = {
+    {"convert", "convert --to text|binary|resource [options] IN OUT\n"
+                "      Converts a form file between its text, binary and resource formats.\n",
+     RunConvert},
 #ifdef QZ_CLI_DESIGN
-    "  registrations\n"
-    "      Lists the design package's registration calls, one a line.\n"
-    "  info FILE\n"
-    "      Shows a package file's kind, description and item counts.\n"
-    "  dump FILE\n"
-    "      Prints a package file's items as text, one a line.\n"
-    "  classes [--markdown] [CLASS ...]\n"
-    "      Lists the runtime's component classes, or the properties of some.\n"
+    {"registrations", "registrations\n"
+                      "      Lists the design package's registration calls, one a line.\n", nullptr},
+    {"info", "info FILE\n"
+             "      Shows a package file's kind, description and item counts.\n", nullptr},
+    {"dump", "dump FILE\n"
+             "      Prints a package file's items as text, one a line.\n", nullptr},
+    {"classes", "classes [--markdown] [CLASS ...]\n"
+                "      Lists the runtime's component classes, or the properties of some.\n", nullptr},
+    {"refs", "refs scan|count|replace|clean PROJECT --kind KIND [options]\n"
+             "      Finds, counts, replaces or clears the forms' references to packages.\n", nullptr},
 #endif
-    "\n"
-    "Run 'qzpkg COMMAND --help' for the options of a command.\n";
+};
+
+void PrintUsage(std::FILE* to)
+{
+    std::fputs("Usage: qzpkg COMMAND [OPTIONS] ARGUMENTS\n\nCommands:\n", to);
+    for (const TCommand& c : Commands) {
+        std::fputs("  ", to);
+        std::fputs(c.Synopsis, to);
+    }
+    std::fputs("\nRun 'qzpkg COMMAND --help' for the options of a command.\n", to);
+}
 
 } // namespace
 
 int RunCommand(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
 {
     if (args.empty() || args[0] == "--help" || args[0] == "-h" || args[0] == "help") {
-        std::fputs(Usage, args.empty() ? err : out);
+        PrintUsage(args.empty() ? err : out);
         return args.empty() ? 1 : 0;
     }
-    const std::map<std::string, std::function<int(const std::vector<std::string>&, std::FILE*, std::FILE*)>> commands = {
-        {"convert", RunConvert},
-#ifdef QZ_CLI_DESIGN
-        {"registrations", RunRegistrations},
-        {"info", RunPackageInfo},
-        {"dump", RunPackageDump},
-        {"classes", RunClasses},
-#endif
-    };
-    auto it = commands.find(args[0]);
-    if (it == commands.end()) {
-        std::fprintf(err, "qzpkg: unknown command '%s'\n\n%s", args[0].c_str(), Usage);
+    const TCommand* command = nullptr;
+    for (const TCommand& c : Commands)
+        if (args[0] == c.Name)
+            command = &c;
+    if (!command) {
+        std::fprintf(err, "qzpkg: unknown command '%s'\n\n", args[0].c_str());
+        PrintUsage(err);
         return 1;
     }
-    return it->second(std::vector<std::string>(args.begin() + 1, args.end()), out, err);
+    TCommandFunction run = command->Run;
+    if (!run) {
+        std::string error;
+        run = FindDesignCommand(command->Name, error);
+        if (!run) {
+            std::fprintf(err, "qzpkg %s: %s\n", command->Name, error.c_str());
+            return 1;
+        }
+    }
+    return run(std::vector<std::string>(args.begin() + 1, args.end()), out, err);
 }

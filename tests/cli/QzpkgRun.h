@@ -2,6 +2,7 @@
 // Runs one qzpkg command line in-process and captures what it prints.
 
 #include "cli/Commands.h"
+#include "cli/DesignCommands.h"
 
 #include <cstdio>
 #include <string>
@@ -14,6 +15,9 @@ struct TQzpkgRun {
 
 inline TQzpkgRun Qzpkg(const std::vector<std::string>& args)
 {
+#ifdef QZPKG_DESIGN_MODULE
+    SetDesignCommandsModule(QZPKG_DESIGN_MODULE);
+#endif
     std::FILE* out = std::tmpfile();
     std::FILE* err = std::tmpfile();
     const int code = RunCommand(args, out, err);

@@ -1,0 +1,65 @@
+// qzpkg as a program: a conversion loads no Qt, and the commands over the
+// runtime come from their module, found beside the program.
+
+#include "QzpkgRun.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+// Runs a shell command line; returns its standard output.
+std::string Output(const std::string& command)
+{
+    std::string out;
+    std::FILE* pipe = ::popen(command.c_str(), "r");
+    if (!pipe)
+        return out;
+    std::array<char, 4096> buf;
+    for (size_t n; (n = std::fread(buf.data(), 1, buf.size(), pipe)) > 0;)
+        out.append(buf.data(), n);
+    ::pclose(pipe);
+    return out;
+}
+
+TEST(QzpkgProgram, LoadsOnlyTheClassLibrary)
+{
+    // The dynamic loader lists what the program needs without running it.
+    const std::string libraries = Output("LD_TRACE_LOADED_OBJECTS=1 '" QZPKG_PROGRAM "'");
+    EXPECT_NE(libraries.find("librtl.so"), std::string::npos) << libraries;
+    for (const char* unwanted : {"libQt6", "libQzCtrls", "libdclQzCtrls", "libdesignide", "libvcl"})
+        EXPECT_EQ(libraries.find(unwanted), std::string::npos) << unwanted << " in\n" << libraries;
+}
+
+#ifdef QZ_CLI_DESIGN
+
+TEST(QzpkgProgram, RunsTheDesignCommandsFromTheModuleBesideIt)
+{
+    const std::string out = Output("'" QZPKG_PROGRAM "' registrations");
+    EXPECT_EQ(out.rfind("RegisterComponents\tQz Standard\t", 0), 0u) << out.substr(0, 200);
+    EXPECT_NE(Output("'" QZPKG_PROGRAM "' classes").find("\tTQzLabel\t"), std::string::npos);
+}
+
+TEST(QzpkgProgram, SaysWhereTheModuleWasLookedForWhenItIsMissing)
+{
+    SetDesignCommandsModule("/nonexistent/qzpkg_design.so");
+    std::FILE* out = std::tmpfile();
+    std::FILE* err = std::tmpfile();
+    const int code = RunCommand({"info", "x.pst"}, out, err);
+    std::rewind(err);
+    std::array<char, 512> buf{};
+    std::fread(buf.data(), 1, buf.size() - 1, err);
+    std::fclose(out);
+    std::fclose(err);
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(std::string(buf.data()),
+              "qzpkg info: this command needs qzpkg_design.so, which is not at /nonexistent/qzpkg_design.so\n");
+    // Usage and conversions need no module.
+    EXPECT_EQ(Qzpkg({"--help"}).Code, 0);
+}
+
+#endif
+
+} // namespace
