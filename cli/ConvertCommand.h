@@ -5,5 +5,6 @@
 #include <vector>
 
 // qzpkg convert --to text|binary|resource [--high-chars raw|escape|utf8]
-//               [--code-page N] [--line-break crlf|lf] [--utf8-strings] IN OUT
+//               [--code-page N|auto] [--line-break crlf|lf] [--floats short|fixed]
+//               [--wide-strings utf16|utf8] IN OUT
 int RunConvert(const std::vector<std::string>& args, std::FILE* out, std::FILE* err);

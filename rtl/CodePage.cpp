@@ -167,6 +167,33 @@ bool Utf8ToCodePage(std::string_view utf8, int codePage, std::string& out)
     return Iconv("UTF-8", IconvName(codePage), utf8, out);
 }
 
+std::u32string CodePageToUtf32(std::string_view bytes, int codePage)
+{
+    std::u32string out;
+    iconv_t cd = iconv_open("UTF-32LE", IconvName(codePage).c_str());
+    if (cd == iconv_t(-1))
+        return std::u32string(bytes.size(), U'\uFFFD');
+    out.reserve(bytes.size());
+    char* src = const_cast<char*>(bytes.data());
+    size_t srcLeft = bytes.size();
+    while (srcLeft > 0) {
+        char32_t buf[256];
+        char* dst = reinterpret_cast<char*>(buf);
+        size_t dstLeft = sizeof buf;
+        const size_t r = iconv(cd, &src, &srcLeft, &dst, &dstLeft);
+        out.append(buf, (sizeof buf - dstLeft) / sizeof(char32_t));
+        if (r == size_t(-1) && errno != E2BIG) {
+            // EILSEQ or a sequence cut by the end: skip one byte and go on.
+            out.push_back(U'\uFFFD');
+            ++src;
+            --srcLeft;
+            iconv(cd, nullptr, nullptr, nullptr, nullptr);
+        }
+    }
+    iconv_close(cd);
+    return out;
+}
+
 std::u16string Utf8ToUtf16(std::string_view utf8)
 {
     std::u16string out;

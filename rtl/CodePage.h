@@ -14,6 +14,9 @@ std::string CodePageToUtf8(std::string_view bytes, int codePage);
 // Encodes UTF-8 text in the code page; returns false when some character has
 // no representation there (out is then unspecified).
 bool Utf8ToCodePage(std::string_view utf8, int codePage, std::string& out);
+// Decodes strictly: every byte that does not start a character of the code
+// page (an undefined byte, a lead byte without its trail) becomes U+FFFD.
+std::u32string CodePageToUtf32(std::string_view bytes, int codePage);
 
 std::u16string Utf8ToUtf16(std::string_view utf8);
 std::string Utf16ToUtf8(std::u16string_view text);

@@ -331,11 +331,16 @@ AnsiString TReader::ReadStr()
 
 std::string TReader::ReadBinary()
 {
+    return std::string(ReadBinaryBytes());
+}
+
+std::string_view TReader::ReadBinaryBytes()
+{
     CheckValue(vaBinary);
     std::int32_t len = ReadLE<std::int32_t>();
     if (len < 0)
         Error("Invalid binary length");
-    return std::string(ReadBytes(size_t(len)));
+    return ReadBytes(size_t(len));
 }
 
 void TReader::SkipValue()

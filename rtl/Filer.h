@@ -124,6 +124,7 @@ public:
     std::u16string ReadWideString();
     AnsiString ReadStr();  // a short string: length byte and bytes
     std::string ReadBinary();  // vaBinary: the bytes
+    std::string_view ReadBinaryBytes();  // the same, in place in the reader's data
     // Skips one value of any type, however nested.
     void SkipValue();
     void SkipProperty();

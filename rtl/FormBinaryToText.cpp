@@ -258,7 +258,7 @@ void TBinaryToText::ConvertValue(bool listItem)
 
 void TBinaryToText::ConvertBinary()
 {
-    std::string data = R.ReadBinary();
+    const std::string_view data = R.ReadBinaryBytes();
     static const char hex[] = "0123456789ABCDEF";
     Out += '{';
     ++Level;
@@ -388,8 +388,9 @@ std::string FormBinaryToText(std::string_view binary, const TFormTextOptions& op
     TReader reader(binary);
     reader.ReadSignature();
     std::string out;
-    // Text is about twice the binary size; more for forms full of pictures.
-    out.reserve(binary.size() * 2);
+    // Text is two to two and a half times the binary size; pictures, most of
+    // a large form, take two hex digits a byte and line breaks.
+    out.reserve(binary.size() * 5 / 2 + 4096);
     TBinaryToText(reader, out, options).ConvertObject();
     return out;
 }

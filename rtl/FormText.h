@@ -13,6 +13,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 // How characters above 127 in strings are written to text.
 enum class THighChars {
@@ -58,12 +59,18 @@ const char* FormFormatName(TFormFormat format);
 // The stream's format without moving it; a resource counts as binary.
 TStreamOriginalFormat TestStreamFormat(TStream& stream);
 
-// The options that reproduce a form as it is stored: the line breaks and
-// float style of a text form; for a binary or resource form, whether its
-// strings beyond 8 bits are UTF-8 (a later IDE generation, which also
-// writes floats with 18 decimals). The code page cannot be told from the
-// bytes and stays at its default.
+// The options that reproduce a form as it is stored, so that converting it
+// to the other format and back with them gives the same bytes. From text:
+// the line breaks, the float style and whether the writer was a later IDE
+// generation (18-decimal floats, or #nnnn escapes with no raw 8-bit
+// characters and no short floats), whose binary strings beyond ASCII are
+// UTF-8. From binary: UTF-8 strings, and whether a float needs 18 decimals
+// to come back as a float. The code page is not among them (see
+// GuessCodePage in rtl/CodePageGuess.h).
 TFormTextOptions DetectFormTextOptions(std::string_view form);
+// The bytes that hold 8-bit characters above 127: a binary form's strings
+// that have any, a text form's lines that have any.
+std::vector<std::string_view> FormHighStrings(std::string_view form);
 
 // Conversions on byte strings. Errors: ETextParseError ("line N: ...") for
 // text, EReadError ("... at offset N") for binary, EInvalidImage for a bad

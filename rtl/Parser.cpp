@@ -1,8 +1,10 @@
 #include "rtl/Parser.h"
 
+#include <array>
 #include <cerrno>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 
 namespace {
 
@@ -259,28 +261,58 @@ Extended TParser::TokenFloat() const
 
 std::string TParser::HexToBinary()
 {
-    std::string out;
+    // Pictures make up most of a large form: the digits are decoded in
+    // pairs through a table into a buffer sized once for the whole value.
+    static const auto digits = [] {
+        std::array<signed char, 256> table{};
+        table.fill(-1);
+        for (int c = 0; c < 256; ++c)
+            table[size_t(c)] = static_cast<signed char>(HexValue(char(c)));
+        return table;
+    }();
+    const void* close = std::memchr(FPos, '}', size_t(FEnd - FPos));
+    const char* end = close ? static_cast<const char*>(close) : FEnd;
+    std::string out(size_t(end - FPos) / 2, '\0');
+    char* o = out.data();
+    // Locals, not members: the compiler cannot keep a member in a register
+    // across writes through a char pointer.
+    const char* p = FPos;
     int hi = -1;
-    while (FPos < FEnd && *FPos != '}') {
-        char c = *FPos++;
+    while (p < end) {
+        if (hi < 0) {
+            while (p + 1 < end) {
+                const int a = digits[Byte(p[0])];
+                const int b = digits[Byte(p[1])];
+                if ((a | b) < 0)
+                    break;
+                *o++ = char(a << 4 | b);
+                p += 2;
+            }
+            if (p >= end)
+                break;
+        }
+        char c = *p++;
         if (c == '\n') {
             ++FLine;
             continue;
         }
         if (c == ' ' || c == '\r' || c == '\t')
             continue;
-        int v = HexValue(c);
+        int v = digits[Byte(c)];
         if (v < 0) {
+            FPos = p;
             FTokenLine = FLine;
             Error("Invalid binary value");
         }
         if (hi < 0) {
             hi = v;
         } else {
-            out.push_back(char(hi * 16 + v));
+            *o++ = char(hi * 16 + v);
             hi = -1;
         }
     }
+    FPos = p;
+    out.resize(size_t(o - out.data()));
     FTokenLine = FLine;
     if (FPos >= FEnd)
         Error("'}' expected");

@@ -232,18 +232,23 @@ void TFileStream::SetSize(Int64 newSize)
 std::string ReadFileBytes(const AnsiString& fileName)
 {
     TFileStream f(fileName, fmOpenRead);
-    std::string out;
-    char buf[65536];
-    for (;;) {
-        Int64 n = f.Read(buf, sizeof buf);
-        if (n <= 0)
-            break;
-        out.append(buf, size_t(n));
+    // Sized from the file once; a pipe, which has no size, or a file still
+    // growing is read on to its end.
+    Int64 size = 0;
+    try {
+        size = f.GetSize();
+    } catch (const EStreamError&) {
     }
+    std::string out(size_t(std::max<Int64>(size, 0)), '\0');
+    out.resize(size_t(f.Read(out.data(), Int64(out.size()))));
+    char buf[65536];
+    for (Int64 n; (n = f.Read(buf, sizeof buf)) > 0;)
+        out.append(buf, size_t(n));
     return out;
 }
 
-void WriteFileAtomic(const AnsiString& fileName, const std::string& bytes, const AnsiString& backupName)
+void WriteFileAtomic(const AnsiString& fileName, const std::string& bytes, const AnsiString& backupName,
+                     bool durable)
 {
     AnsiString temp = fileName + ".tmp~";
     {
@@ -263,7 +268,7 @@ void WriteFileAtomic(const AnsiString& fileName, const std::string& bytes, const
             }
             done += size_t(n);
         }
-        if (::fsync(fd) != 0 || ::close(fd) != 0) {
+        if ((durable && ::fsync(fd) != 0) || ::close(fd) != 0) {
             AnsiString msg = SystemError("Cannot write file", fileName);
             ::unlink(temp.c_str());
             throw EWriteError(msg);

@@ -108,6 +108,8 @@ private:
 std::string ReadFileBytes(const AnsiString& fileName);
 // Writes beside the target and renames over it, so a failed save leaves
 // the old file whole. With backupName non-empty the previous file is kept
-// under that name.
+// under that name. Durable waits until the bytes are on the disk before the
+// rename, so that not even a power cut loses both versions; a file that can
+// be made again from another (a conversion's output) need not wait.
 void WriteFileAtomic(const AnsiString& fileName, const std::string& bytes,
-                     const AnsiString& backupName = {});
+                     const AnsiString& backupName = {}, bool durable = true);

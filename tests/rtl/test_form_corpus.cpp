@@ -43,10 +43,6 @@ std::string FirstDifference(const std::string& expected, const std::string& actu
 // Forms that cannot come back byte for byte, and why. For each, a weaker
 // property still holds and is checked.
 enum class TException {
-    // Floats whose value is whole are written as "1" and read back as
-    // integers; the IDE generation that wrote them does the same. With the
-    // later 18-decimal float style they come back exactly.
-    WholeFloats,
     // 80-bit floats with more significant digits than text keeps (15); the
     // text converts back to itself.
     FloatDigits,
@@ -64,7 +60,6 @@ enum class TException {
 const std::map<std::string, TException>& KnownExceptions()
 {
     static const std::map<std::string, TException> known = {
-        {"project-jedi__jvcl/jvcl/examples/JvChartDemo/JvChartDemoFm.dfm", TException::WholeFloats},
         {"project-jedi__jvcl@7c45c6c/tests/archive/jvcl132/examples/MonthCalendar/Unit1.dfm", TException::FloatDigits},
         {"project-jedi__jvcl@7c45c6c/tests/archive/jvcl132/examples/Timeline/Unit1.dfm", TException::FloatDigits},
         {"HeidiSQL__HeidiSQL/components/thememgr/Demos/Theme Explorer/Main.dfm", TException::FloatDigits},
@@ -86,11 +81,6 @@ std::string CheckException(TException kind, const std::string& original, TFormTe
         return again == text ? std::string() : "its text does not convert back to itself: " + FirstDifference(text, again);
     };
     switch (kind) {
-    case TException::WholeFloats: {
-        options.Floats = TFloatText::Fixed18;
-        std::string back = FormTextToResource(FormToText(original, options), options);
-        return back == original ? "" : "does not come back exactly with 18-decimal floats";
-    }
     case TException::FloatDigits:
     case TException::MixedWideStrings:
         return stable(FormToText(original, options));
