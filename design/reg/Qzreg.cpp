@@ -5,6 +5,7 @@
 
 #include "design/reg/Qzreg.h"
 
+#include "design/controls/Qzvtmask.h"
 #include "design/images/Qzruler.h"
 #include "design/manager/QzManagerReg.h"
 #include "design/reg/QzCtrlsReg.h"
@@ -256,4 +257,7 @@ void Register()
     RegisterDataControls();
     RegisterEditorControls();
     RegisterManagerWindows();
+    // The windows the editors open; installing them registers nothing the
+    // designer lists.
+    RegisterQzvtmask();
 }
