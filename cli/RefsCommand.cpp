@@ -40,7 +40,9 @@ const char* const RefsUsage =
     "      Rewrite the forms that hold references to that item: they name the\n"
     "      new item, or none. A form keeps its format and every other byte; the\n"
     "      old file is kept as Name.~dfm. With --dry-run nothing is written and\n"
-    "      a unified diff of the forms' text is printed.\n"
+    "      a unified diff of the forms' text is printed. References held by the\n"
+    "      application's display sets and privileges change in their package,\n"
+    "      in the form or the package file that keeps it.\n"
     "\n"
     "KIND is one of setsbackground setscolor setsfont images labels texts\n"
     "messages privileges. The set kinds name a set (--value Blue) and take no\n"
@@ -401,35 +403,88 @@ struct TFormChange {
     std::vector<const TQzTokenRec1*> Hits;
 };
 
-int Change(TRun& run, const TRefsArgs& args, const TRows& rows, std::FILE* out, std::FILE* err)
+class TChanges {
+public:
+    explicit TChanges(TFolderProject& project) : FProject(project) {}
+
+    // The form file's change, read when first asked for.
+    TFormChange& Form(const AnsiString& file)
+    {
+        for (const auto& form : FForms)
+            if (form->File == file)
+                return *form;
+        auto change = std::make_unique<TFormChange>();
+        change->File = file;
+        if (!FProject.ReadFormText(file, change->After, change->Format))
+            throw EFOpenError("Cannot open form " + file);
+        for (int i = 0; i < change->After.Count(); ++i)
+            change->Before.Add(change->After.Get(i));
+        FForms.push_back(std::move(change));
+        return *FForms.back();
+    }
+    const std::vector<std::unique_ptr<TFormChange>>& Forms() const { return FForms; }
+
+private:
+    TFolderProject& FProject;
+    std::vector<std::unique_ptr<TFormChange>> FForms;
+};
+
+// The sets and privileges of the application changed in its packages; the
+// form that keeps a package gets its binary block written again, a package
+// file is returned to be saved.
+std::vector<TQzPkgInfo*> ChangeItems(TRun& run, const TRefsArgs& args, const std::vector<const TQzTokenRec1*>& hits,
+                                     TChanges& changes)
+{
+    if (args.Action == TAction::Clean)
+        run.Logic.Clear(hits);
+    else
+        run.Logic.Replace(hits, args.ToPackage, args.ToValue);
+    std::vector<TQzPkgInfo*> owners;
+    for (const TQzTokenRec1* hit : hits) {
+        TQzPkgInfo* owner = hit->Source == TQzHitSource::Privilege ? static_cast<TQzPkgInfo*>(run.Packages.Privileges())
+                                                                   : run.Packages.Display();
+        if (owner && std::find(owners.begin(), owners.end(), owner) == owners.end())
+            owners.push_back(owner);
+    }
+    std::vector<TQzPkgInfo*> files;
+    for (TQzPkgInfo* owner : owners) {
+        TFormDesigner* designer = run.Packages.FormOf(owner);
+        if (!designer) {
+            files.push_back(owner);
+            continue;
+        }
+        const AnsiString file = run.Packages.SourceOf(owner);
+        TStringList rewritten;
+        rewritten.SetText(designer->FormText());
+        TFormChange& form = changes.Form(file);
+        QzSpliceDataBlocks(form.After, rewritten, file);
+        for (const TQzTokenRec1* hit : hits)
+            form.Hits.push_back(hit);
+    }
+    return files;
+}
+
+int Change(TRun& run, const TRefsArgs& args, const TRows& rows, std::FILE* out)
 {
     const bool clear = args.Action == TAction::Clean;
     const std::vector<TQzTokenRec1> hits = run.Logic.Scan(args.Kind, args.Package, args.Value);
 
     // Every form is read, edited and encoded before any is written, so bad
     // input leaves the whole project as it was.
-    std::vector<std::unique_ptr<TFormChange>> forms;
-    int leftInPackages = 0;
+    TChanges changes(run.Project);
+    std::vector<const TQzTokenRec1*> itemHits;
     for (const TQzTokenRec1& hit : hits) {
         if (hit.Source != TQzHitSource::Form) {
-            ++leftInPackages;
+            itemHits.push_back(&hit);
             continue;
         }
-        auto form = std::find_if(forms.begin(), forms.end(), [&](const auto& f) { return f->File == hit.FileName; });
-        if (form == forms.end()) {
-            auto change = std::make_unique<TFormChange>();
-            change->File = hit.FileName;
-            if (!run.Project.ReadFormText(hit.FileName, change->After, change->Format))
-                throw EFOpenError("Cannot open form " + hit.FileName);
-            for (int i = 0; i < change->After.Count(); ++i)
-                change->Before.Add(change->After.Get(i));
-            forms.push_back(std::move(change));
-            form = forms.end() - 1;
-        }
-        QzApplyEdits((*form)->After, QzHitEdits((*form)->After, hit, clear, args.ToPackage, args.ToValue));
-        (*form)->Hits.push_back(&hit);
+        TFormChange& form = changes.Form(hit.FileName);
+        QzApplyEdits(form.After, QzHitEdits(form.After, hit, clear, args.ToPackage, args.ToValue));
+        form.Hits.push_back(&hit);
     }
-    for (const auto& form : forms)
+    const std::vector<TQzPkgInfo*> packageFiles = itemHits.empty() ? std::vector<TQzPkgInfo*>()
+                                                                   : ChangeItems(run, args, itemHits, changes);
+    for (const auto& form : changes.Forms())
         if (form->Format == sofBinary) {
             const std::string bytes = ReadFileBytes(run.Project.FindFormFile(form->File));
             try {
@@ -440,21 +495,27 @@ int Change(TRun& run, const TRefsArgs& args, const TRows& rows, std::FILE* out, 
             }
         }
 
-    for (const auto& form : forms) {
+    for (const auto& form : changes.Forms()) {
         if (args.DryRun)
             std::fputs(QzUnifiedDiff(rows.Relative(form->File), form->Before, form->After).c_str(), out);
         else
             run.Project.WriteFormText(form->After, form->File, form->Format);
     }
-    if (!args.DryRun)
-        for (const auto& form : forms)
+    for (TQzPkgInfo* pkg : packageFiles) {
+        const AnsiString file = run.Packages.SourceOf(pkg);
+        if (args.DryRun)
+            std::fprintf(out, "Binary files a/%s and b/%s differ\n", rows.Relative(file).c_str(), rows.Relative(file).c_str());
+        else
+            pkg->SaveToFile(file);
+    }
+    if (!args.DryRun) {
+        for (const auto& form : changes.Forms())
             for (const TQzTokenRec1* hit : form->Hits)
-                rows.Line(rows.Place(*hit) + "\t" + hit->Text);
-    if (leftInPackages > 0)
-        std::fprintf(err, "qzpkg refs: %d reference%s held by the application's display sets or privileges left as %s; "
-                          "change %s in the package's editor\n",
-                     leftInPackages, leftInPackages == 1 ? "" : "s", leftInPackages == 1 ? "it is" : "they are",
-                     leftInPackages == 1 ? "it" : "them");
+                if (hit->Source == TQzHitSource::Form)
+                    rows.Line(rows.Place(*hit) + "\t" + hit->Text);
+        for (const TQzTokenRec1* hit : itemHits)
+            rows.Line(rows.Place(*hit) + "\t" + hit->Text);
+    }
     return 0;
 }
 
@@ -483,7 +544,7 @@ int RunRefs(const std::vector<std::string>& args, std::FILE* out, std::FILE* err
         case TAction::Scan: return Scan(run, parsed, rows);
         case TAction::Count: return Count(run, parsed, rows);
         case TAction::Replace:
-        case TAction::Clean: return Change(run, parsed, rows, out, err);
+        case TAction::Clean: return Change(run, parsed, rows, out);
         }
     } catch (const Exception& e) {
         std::fprintf(err, "qzpkg refs: %s\n", e.Message().c_str());

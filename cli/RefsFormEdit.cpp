@@ -142,14 +142,113 @@ void QzApplyEdits(TStrings& lines, const std::vector<TQzLineEdit>& edits)
         lines.Put(edit.Line, QzReplaceValue(lines.Get(edit.Line), edit.Literal));
 }
 
+void QzSpliceDataBlocks(TStrings& lines, const TStrings& rewritten, const AnsiString& fileName)
+{
+    struct TBlock {
+        int First, Last;   // the "= {" line and the "}" line
+        AnsiString Head;   // the text before '{', trimmed
+    };
+    const auto blocks = [](const TStrings& text) {
+        std::vector<TBlock> found;
+        for (int i = 0; i < text.Count(); ++i) {
+            const AnsiString line = TrimRight(text.Get(i));
+            if (line.empty() || line.back() != '{' || line.find('=') == AnsiString::npos)
+                continue;
+            int last = i + 1;
+            while (last < text.Count() && (TrimRight(text.Get(last)).empty() || TrimRight(text.Get(last)).back() != '}'))
+                ++last;
+            if (last >= text.Count())
+                break;
+            found.push_back({i, last, Trim(line)});
+            i = last;
+        }
+        return found;
+    };
+    const std::vector<TBlock> old = blocks(lines);
+    const std::vector<TBlock> now = blocks(rewritten);
+    const bool same = old.size() == now.size() &&
+                      std::equal(old.begin(), old.end(), now.begin(), [](const TBlock& a, const TBlock& b) { return a.Head == b.Head; });
+    if (!same)
+        throw EQzScanError(fileName + ": the form written again does not hold the same packages");
+    // From the last block up, so the lines of the earlier ones stay where they are.
+    for (std::size_t k = old.size(); k-- > 0;) {
+        const int oldSize = old[k].Last - old[k].First;
+        bool differs = oldSize != now[k].Last - now[k].First;
+        for (int i = 1; i <= oldSize && !differs; ++i)
+            differs = lines.Get(old[k].First + i) != rewritten.Get(now[k].First + i);
+        if (!differs)
+            continue;
+        for (int i = old[k].Last; i > old[k].First; --i)
+            lines.Delete(i);
+        for (int i = now[k].First + 1; i <= now[k].Last; ++i)
+            lines.Insert(old[k].First + i - now[k].First, rewritten.Get(i));
+    }
+}
+
+namespace {
+
+// A line of a diff: kept (' '), removed ('-') or added ('+').
+struct TDiffLine {
+    char Op;
+    int Before, After;   // 0-based positions in each text (of the next line where absent)
+    AnsiString Text;
+};
+
+// The lines of two texts, paired where they are equal. A change is found
+// by looking for the nearest place both texts run on equal again (two lines
+// alike), which is all the rewrites here need: values changed in place and
+// binary blocks of another length.
+std::vector<TDiffLine> DiffLines(const TStrings& before, const TStrings& after)
+{
+    const int n = before.Count();
+    const int m = after.Count();
+    const auto equalFrom = [&](int i, int j) {
+        for (int k = 0; k < 2; ++k) {
+            if (i + k >= n || j + k >= m)
+                return i + k >= n && j + k >= m;
+            if (before.Get(i + k) != after.Get(j + k))
+                return false;
+        }
+        return true;
+    };
+    std::vector<TDiffLine> out;
+    int i = 0, j = 0;
+    while (i < n || j < m) {
+        if (i < n && j < m && before.Get(i) == after.Get(j)) {
+            out.push_back({' ', i, j, before.Get(i)});
+            ++i, ++j;
+            continue;
+        }
+        int toI = n, toJ = m;
+        for (int d = 1; d <= (n - i) + (m - j); ++d) {
+            bool found = false;
+            for (int k = 0; k <= d && !found; ++k)
+                if (i + k <= n && j + d - k <= m && equalFrom(i + k, j + d - k)) {
+                    toI = i + k;
+                    toJ = j + d - k;
+                    found = true;
+                }
+            if (found)
+                break;
+        }
+        for (; i < toI; ++i)
+            out.push_back({'-', i, j, before.Get(i)});
+        for (; j < toJ; ++j)
+            out.push_back({'+', i, j, after.Get(j)});
+    }
+    return out;
+}
+
+}  // namespace
+
 AnsiString QzUnifiedDiff(const AnsiString& name, const TStrings& before, const TStrings& after)
 {
     constexpr int Context = 3;
-    const int count = std::min(before.Count(), after.Count());
-    std::vector<int> changed;
-    for (int i = 0; i < count; ++i)
-        if (before.Get(i) != after.Get(i))
-            changed.push_back(i);
+    const std::vector<TDiffLine> lines = DiffLines(before, after);
+    std::vector<std::size_t> changed;
+    for (std::size_t k = 0; k < lines.size(); ++k)
+        if (lines[k].Op != ' ')
+            changed.push_back(k);
     if (changed.empty())
         return {};
 
@@ -159,25 +258,17 @@ AnsiString QzUnifiedDiff(const AnsiString& name, const TStrings& before, const T
         std::size_t last = first;
         while (last + 1 < changed.size() && changed[last + 1] - changed[last] <= 2 * Context + 1)
             ++last;
-        const int from = std::max(0, changed[first] - Context);
-        const int to = std::min(count - 1, changed[last] + Context);
-        const AnsiString range = IntToStr(from + 1) + "," + IntToStr(to - from + 1);
-        out += "@@ -" + range + " +" + range + " @@\n";
-        for (int i = from; i <= to; ++i) {
-            if (before.Get(i) == after.Get(i)) {
-                out += " " + before.Get(i) + "\n";
-                continue;
-            }
-            // Consecutive changed lines show all their old lines, then all their new ones.
-            int end = i;
-            while (end + 1 <= to && before.Get(end + 1) != after.Get(end + 1))
-                ++end;
-            for (int k = i; k <= end; ++k)
-                out += "-" + before.Get(k) + "\n";
-            for (int k = i; k <= end; ++k)
-                out += "+" + after.Get(k) + "\n";
-            i = end;
+        const std::size_t from = changed[first] >= Context ? changed[first] - Context : 0;
+        const std::size_t to = std::min(lines.size() - 1, changed[last] + Context);
+        int beforeCount = 0, afterCount = 0;
+        AnsiString body;
+        for (std::size_t k = from; k <= to; ++k) {
+            beforeCount += lines[k].Op != '+';
+            afterCount += lines[k].Op != '-';
+            body += AnsiString(1, lines[k].Op) + lines[k].Text + "\n";
         }
+        out += "@@ -" + IntToStr(lines[from].Before + 1) + "," + IntToStr(beforeCount) + " +" +
+               IntToStr(lines[from].After + 1) + "," + IntToStr(afterCount) + " @@\n" + body;
         first = last + 1;
     }
     return out;

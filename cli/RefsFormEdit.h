@@ -38,7 +38,13 @@ AnsiString QzReplaceValue(const AnsiString& line, const AnsiString& literal);
 // Applies edits to lines.
 void QzApplyEdits(TStrings& lines, const std::vector<TQzLineEdit>& edits);
 
+// Puts the binary blocks ("Data = {" to "}") of rewritten, the same form
+// written again after its packages changed, in place of lines' blocks that
+// differ, leaving every other line as it is. Raises EQzScanError naming
+// fileName when the two texts do not hold the same blocks in the same order.
+void QzSpliceDataBlocks(TStrings& lines, const TStrings& rewritten, const AnsiString& fileName);
+
 // A unified diff (three lines of context) between two versions of a text
-// that differ only in changed lines (never in their number), under the
-// name given to both sides.
+// under the name given to both sides: changed lines where both have the
+// same number, one hunk of the rest of the text where they do not.
 AnsiString QzUnifiedDiff(const AnsiString& name, const TStrings& before, const TStrings& after);

@@ -111,7 +111,7 @@ void TQzProjectPackages::TakeForm(const AnsiString& fileName, const std::string&
             }
         }
     }
-    FForms.push_back(std::move(form));
+    FForms.emplace_back(fileName, std::move(form));
 }
 
 void TQzProjectPackages::LoadOwnFile(TQzPkgInfo& pkg, const AnsiString& folder)
@@ -210,4 +210,13 @@ AnsiString TQzProjectPackages::SourceOf(const TQzPkgInfo* pkg) const
         if (found.Package == pkg)
             return found.Source;
     return {};
+}
+
+TFormDesigner* TQzProjectPackages::FormOf(const TQzPkgInfo* pkg) const
+{
+    const AnsiString source = SourceOf(pkg);
+    for (const auto& [file, form] : FForms)
+        if (file == source)
+            return form.get();
+    return nullptr;
 }

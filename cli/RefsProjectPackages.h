@@ -9,6 +9,7 @@
 #include "designide/FormDesigner.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 class TFolderProject;
@@ -30,6 +31,9 @@ public:
 
     // The file a package was read from, as the project's forms are named.
     AnsiString SourceOf(const TQzPkgInfo* pkg) const;
+    // The form a package was read from as loaded, or nullptr for a package
+    // read from a package file.
+    TFormDesigner* FormOf(const TQzPkgInfo* pkg) const;
 
 private:
     struct TFound {
@@ -43,7 +47,7 @@ private:
     template <class T>
     T* Find(const AnsiString& pkgName) const;
 
-    std::vector<std::unique_ptr<TFormDesigner>> FForms;
+    std::vector<std::pair<AnsiString, std::unique_ptr<TFormDesigner>>> FForms;
     std::vector<std::unique_ptr<TQzPkgInfo>> FFiles;
     std::vector<TFound> FFound;
     TQzPkgDisplay* FDisplay = nullptr;

@@ -288,6 +288,29 @@ TEST_F(RefsCommand, CleanEmptiesPackagesSetsAndPrivilegesAndKeepsEachFormsFormat
     }
 }
 
+TEST_F(RefsCommand, ReferencesOfTheApplicationsSetsChangeInsideTheirPackageOnly)
+{
+    const TQzpkgRun run = Refs({"replace", "--kind", "images", "--package", "ICONS", "--value", "1", "--to-package",
+                                "ICONS", "--to-value", "4"});
+    EXPECT_EQ(run.Code, 0) << run.Err;
+    EXPECT_EQ(Places(run.Out), (std::vector<std::string>{"Main.dfm 111 ImageLogo.Picture ICONS 1",
+                                                         "Main.dfm - SetsBackGround[Blue].Image ICONS 1"}));
+    EXPECT_EQ(Places(Refs({"scan", "--kind", "images", "--package", "ICONS", "--value", "4"}).Out),
+              (std::vector<std::string>{"Main.dfm 111 ImageLogo.Picture ICONS 4",
+                                        "Main.dfm - SetsBackGround[Blue].Image ICONS 4"}));
+    // Between the picture's Id and the display package's block, and after
+    // it, every line is as it was.
+    const std::string before = Original["Main.dfm"];
+    const std::string after = Bytes("Main.dfm");
+    const std::size_t blockStart = before.find("    PkgDisplay.Data = {");
+    const std::size_t blockEnd = before.find("}", blockStart);
+    EXPECT_EQ(after.substr(0, blockStart), before.substr(0, blockStart));
+    const std::string rest = before.substr(blockEnd);
+    EXPECT_EQ(after.substr(after.size() - rest.size()),
+              Edited(rest, {{"Picture.Id = 1", "Picture.Id = 4"}}));
+    EXPECT_NE(after.substr(blockStart, after.size() - rest.size() - blockStart), before.substr(blockStart, blockEnd - blockStart));
+}
+
 TEST_F(RefsCommand, ReplaceWritesNamesAsTheFormWroteThemQuotingWhatNeedsIt)
 {
     // Forms of the older style name sets bare; the binary Report.dfm holds a string.
