@@ -85,6 +85,14 @@ int CountLineFeeds(const char* from, const char* to)
     return static_cast<int>(count);
 }
 
+int PopCount16(unsigned bits)
+{
+    bits = bits - ((bits >> 1) & 0x5555u);
+    bits = (bits & 0x3333u) + ((bits >> 2) & 0x3333u);
+    bits = (bits + (bits >> 4)) & 0x0F0Fu;
+    return static_cast<int>((bits + (bits >> 8)) & 0x1Fu);
+}
+
 // What follows "=", without the blanks (and code 0) at its end.
 std::string_view TrimValue(std::string_view value)
 {
@@ -285,15 +293,36 @@ void TQzFormScanner::ScanEvents(std::string_view text, std::vector<TQzTokenRec1>
     const bool second = byValue && value.size() > 1;
     const char next = second ? static_cast<char>(value[1] | 0x20) : 0;
 
+    // The line feeds before b are counted on the way, so a line's index
+    // costs nothing extra where one is needed.
     std::size_t b = c.Processed;
+    const int firstLine = c.KnownLine;   // the index of the line at b
+    std::size_t counted = 0;             // line feeds in the blocks summed so far
+    const auto event = [&](std::size_t pos, int lineIndex) {
+        if (pos < c.Processed)
+            return;
+        c.KnownPos = LineStartBefore(c, pos);
+        c.KnownLine = lineIndex;
+        ScanEvent(c, c.KnownPos, pairs, hits);
+    };
 #if defined(__SSE2__)
     const __m128i v20 = _mm_set1_epi8(0x20);
     const __m128i vFirst = _mm_set1_epi8(first);
     const __m128i vNext = _mm_set1_epi8(next);
     const __m128i vHash = _mm_set1_epi8('#');
     const __m128i vPlus = _mm_set1_epi8('+');
+    const __m128i vLf = _mm_set1_epi8('\n');
+    const __m128i zero = _mm_setzero_si128();
+    __m128i feeds = zero;   // per byte lane, up to 255 blocks
+    int lanesFull = 0;
+    const auto summed = [&] {
+        const __m128i sums = _mm_sad_epu8(feeds, zero);
+        return counted + static_cast<std::size_t>(_mm_cvtsi128_si32(sums)) +
+               static_cast<std::size_t>(_mm_extract_epi16(sums, 4));
+    };
     for (; b + 17 <= n; b += 16) {
         const __m128i cur = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b));
+        const __m128i lf = _mm_cmpeq_epi8(cur, vLf);
         __m128i match = _mm_cmpeq_epi8(_mm_or_si128(cur, v20), vFirst);
         if (second) {
             const __m128i after = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b + 1));
@@ -301,25 +330,37 @@ void TQzFormScanner::ScanEvents(std::string_view text, std::vector<TQzTokenRec1>
         }
         if (byValue)
             match = _mm_or_si128(match, _mm_or_si128(_mm_cmpeq_epi8(cur, vHash), _mm_cmpeq_epi8(cur, vPlus)));
-        for (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(match)); mask; mask &= mask - 1)
-            ScanEvent(c, b + static_cast<std::size_t>(std::countr_zero(mask)), pairs, hits);
+        if (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(match))) {
+            const unsigned lfMask = static_cast<unsigned>(_mm_movemask_epi8(lf));
+            const std::size_t before = summed();
+            for (; mask; mask &= mask - 1) {
+                const int bit = std::countr_zero(mask);
+                event(b + static_cast<std::size_t>(bit),
+                      firstLine + static_cast<int>(before) + PopCount16(lfMask & ((1u << bit) - 1)));
+            }
+        }
+        feeds = _mm_sub_epi8(feeds, lf);
+        if (++lanesFull == 255) {
+            counted = summed();
+            feeds = zero;
+            lanesFull = 0;
+        }
     }
+    counted = summed();
 #endif
     for (; b < n; ++b) {
         const char c0 = p[b];
         const bool match = static_cast<char>(c0 | 0x20) == first &&
                            (!second || (b + 1 < n && static_cast<char>(p[b + 1] | 0x20) == next));
         if (match || (byValue && (c0 == '#' || c0 == '+')))
-            ScanEvent(c, b, pairs, hits);
+            event(b, firstLine + static_cast<int>(counted));
+        counted += c0 == '\n';
     }
     CatchUp(c, n, hits);
 }
 
-void TQzFormScanner::ScanEvent(TTextCursor& c, std::size_t pos, bool pairs, std::vector<TQzTokenRec1>& hits)
+void TQzFormScanner::ScanEvent(TTextCursor& c, std::size_t start, bool pairs, std::vector<TQzTokenRec1>& hits)
 {
-    if (pos < c.Processed)
-        return;
-    const std::size_t start = LineStartBefore(c, pos);
     const std::size_t from = pairs && start > c.Processed ? LineStartBefore(c, start - 1) : start;
     CatchUp(c, from, hits);
     ScanLineAt(c, from, hits);
@@ -420,7 +461,11 @@ std::size_t TQzFormScanner::LineStartBefore(const TTextCursor& c, std::size_t po
 
 int TQzFormScanner::LineIndexAt(TTextCursor& c, std::size_t start)
 {
-    c.KnownLine += CountLineFeeds(c.Text.data() + c.KnownPos, c.Text.data() + start);
+    // Counted from the nearest line whose index is known, forward or back.
+    if (start >= c.KnownPos)
+        c.KnownLine += CountLineFeeds(c.Text.data() + c.KnownPos, c.Text.data() + start);
+    else
+        c.KnownLine -= CountLineFeeds(c.Text.data() + start, c.Text.data() + c.KnownPos);
     c.KnownPos = start;
     return c.KnownLine;
 }

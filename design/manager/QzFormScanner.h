@@ -173,7 +173,8 @@ private:
     };
     // Scans text by jumping from one line that may match to the next.
     void ScanEvents(std::string_view text, std::vector<TQzTokenRec1>& hits);
-    void ScanEvent(TTextCursor& c, std::size_t pos, bool pairs, std::vector<TQzTokenRec1>& hits);
+    // A line that may match, at start (its index is known to c).
+    void ScanEvent(TTextCursor& c, std::size_t start, bool pairs, std::vector<TQzTokenRec1>& hits);
     // Brings the object and collection state over the unread lines before to.
     void CatchUp(TTextCursor& c, std::size_t to, std::vector<TQzTokenRec1>& hits);
     // Reads the line at start, and the lines after it while a package line
