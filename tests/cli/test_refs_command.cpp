@@ -8,6 +8,9 @@
 #include "QzpkgRun.h"
 
 #include "designide/ProjectServices.h"
+#include "runtime/files/QzPkgFiles.h"
+#include "runtime/model/QzPkgStrings.h"
+#include "runtime/model/QzRegistry.h"
 #include "rtl/FormText.h"
 #include "rtl/Streams.h"
 
@@ -52,6 +55,21 @@ std::string TextOf(const std::string& bytes)
 {
     const TFormStorage storage = TFormStorage::Of(bytes);
     return storage.Format == TFormFormat::Text ? bytes : FormToText(bytes, storage.Options);
+}
+
+// original with each (old, new) replaced once, in order.
+std::string Edited(std::string text, const std::vector<std::pair<std::string, std::string>>& edits)
+{
+    std::size_t from = 0;
+    for (const auto& [old, now] : edits) {
+        const std::size_t at = text.find(old, from);
+        EXPECT_NE(at, std::string::npos) << old;
+        if (at == std::string::npos)
+            return text;
+        text.replace(at, old.size(), now);
+        from = at + now.size();
+    }
+    return text;
 }
 
 class RefsCommand : public ::testing::Test {
@@ -205,22 +223,32 @@ TEST_F(RefsCommand, APackageTheProjectNoLongerHasIsMissingNotIgnored)
     EXPECT_NE(run.Out.find("GONE\t2\t1\tmissing\n"), std::string::npos) << run.Out;
 }
 
-// ---- replace and clean ----------------------------------------------------------------
-
-// original with each (old, new) replaced once, in order.
-std::string Edited(std::string text, const std::vector<std::pair<std::string, std::string>>& edits)
+TEST_F(RefsCommand, APackageKeptInAFileOfItsOwnIsReadFromTheFormsFolder)
 {
-    std::size_t from = 0;
-    for (const auto& [old, now] : edits) {
-        const std::size_t at = text.find(old, from);
-        EXPECT_NE(at, std::string::npos) << old;
-        if (at == std::string::npos)
-            return text;
-        text.replace(at, old.size(), now);
-        from = at + now.size();
+    RegisterQzPkgFileFormats();
+    fs::create_directories(Dir / "sub");
+    {
+        TQzDetachedPkgs detached;
+        TQzPkgStrings pkg(nullptr);
+        pkg.Labels()->Add(5, "Kept apart");
+        pkg.SaveToFile((Dir / "sub" / "apart.pst").string());
     }
-    return text;
+    WriteFileAtomic((Dir / "Customers.dfm").string(),
+                    Edited(Bytes("Customers.dfm"), {{"  object LabelCity", "  object PkgApart: TQzPkgStrings\r\n"
+                                                                           "    PkgName = 'APART'\r\n"
+                                                                           "    InitMode = imFile\r\n"
+                                                                           "    FileName = 'sub\\apart'\r\n"
+                                                                           "  end\r\n"
+                                                                           "  object LabelCity"},
+                                                    {"Caption.PkgName = 'APP'\r\n    Caption.Id = 3",
+                                                     "Caption.PkgName = 'apart'\r\n    Caption.Id = 5"}}),
+                    {});
+    const TQzpkgRun run = Refs({"count", "--kind", "labels", "--package", "Apart", "--summary"});
+    EXPECT_EQ(run.Code, 0) << run.Err;
+    EXPECT_EQ(run.Out, "APART\t5\t1\texists\n");
 }
+
+// ---- replace and clean ----------------------------------------------------------------
 
 // The bytes a binary form has after its text changed as edits say: the
 // form's own format and options, so everything else is as it was.
