@@ -15,6 +15,7 @@
 
 class TFrManagerProgress : public TQzDialog, public Ui::TFrManagerProgress, public IQzManagerProgress {
     Q_OBJECT
+    Q_PROPERTY(int PumpInterval READ PumpInterval WRITE SetPumpInterval)
 
 public:
     explicit TFrManagerProgress(QWidget* parent = nullptr);
@@ -26,6 +27,7 @@ public:
 
     // At most how often (in milliseconds) a pass lets events through:
     // letting them through after every line would cost more than the scan.
+    // Whoever drives the windows from outside (tests) may want none at all.
     int PumpInterval() const { return FPumpInterval; }
     void SetPumpInterval(int ms) { FPumpInterval = ms; }
 

@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDialog>
 #include <QMenu>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -64,7 +65,14 @@ TEST_F(IdeManager, ReplaceFromTheToolsMenuIsOneUndoStepOfEachFormItChanged)
     FDialogs->Script().AnswerMessage(mbOK);
 
     TQzModalDriver driver;
-    driver.Then("the package", [](QWidget* w) { TQzModalDriver::Find<QComboBox>(w, "EdPkg")->setCurrentText("DEMO"); })
+    driver
+        .Then("the package",
+              [](QWidget* w) {
+                  TQzModalDriver::Find<QComboBox>(w, "EdPkg")->setCurrentText("DEMO");
+                  // Events let through during the scan would let the next
+                  // step run on the progress window.
+                  TQzModalDriver::Find<QDialog>(w, "TFrManagerProgress")->setProperty("PumpInterval", 1 << 30);
+              })
         .SetText("EdId", "5")
         .Click("BtScan")
         .Then("found in both forms",
