@@ -3,6 +3,7 @@
 #include "rtl/CodePageGuess.h"
 #include "rtl/FormText.h"
 #include "rtl/Parser.h"
+#include "rtl/Streams.h"
 #include "rtl/SysUtils.h"
 
 #include <optional>
@@ -124,7 +125,7 @@ std::string ParseArgs(const std::vector<std::string>& args, TConvertArgs& parsed
 }
 
 // The input's own options, then the user's choices over them.
-TFormTextOptions OptionsFor(const std::string& input, const TConvertArgs& parsed, std::FILE* err)
+TFormTextOptions OptionsFor(std::string_view input, const TConvertArgs& parsed, std::FILE* err)
 {
     TFormTextOptions options = DetectFormTextOptions(input);
     if (parsed.GuessCodePage) {
@@ -172,7 +173,8 @@ int RunConvert(const std::vector<std::string>& args, std::FILE* out, std::FILE* 
     }
     try {
         const bool inPlace = SameFile(parsed.In, parsed.Out);
-        const std::string input = ReadFileBytes(parsed.In);
+        const TMappedFile file(parsed.In);
+        const std::string_view input = file.Bytes();
         const TFormTextOptions options = OptionsFor(input, parsed, err);
         std::string output;
         switch (parsed.To) {

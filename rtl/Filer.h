@@ -201,6 +201,17 @@ public:
     void WriteUnicodeString(std::string_view utf8, int codePage = 1252);
     void WriteStr(std::string_view shortString);
     void WriteBinary(std::string_view bytes);
+    // vaBinary whose bytes fill(buffer) appends, so they are decoded in
+    // place rather than copied in.
+    template <typename Fill> void WriteBinaryWith(Fill fill)
+    {
+        WriteValue(vaBinary);
+        const size_t lengthAt = FBuffer.size();
+        WriteLE(std::int32_t(0));
+        fill(FBuffer);
+        const std::int32_t length = std::int32_t(FBuffer.size() - lengthAt - 4);
+        std::memcpy(FBuffer.data() + lengthAt, &length, 4);
+    }
 
     void WriteByte(Byte b) { FBuffer.push_back(char(b)); }
     void WriteRaw(const void* data, size_t count) { FBuffer.append(static_cast<const char*>(data), count); }

@@ -200,7 +200,7 @@ void TTextToBinary::ConvertValue()
         W.WriteListEnd();
         break;
     case '{':
-        W.WriteBinary(P.HexToBinary());
+        W.WriteBinaryWith([this](std::string& buffer) { P.HexToBinary(buffer); });
         break;
     case '<':
         ConvertCollection();

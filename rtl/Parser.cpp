@@ -261,6 +261,13 @@ Extended TParser::TokenFloat() const
 
 std::string TParser::HexToBinary()
 {
+    std::string out;
+    HexToBinary(out);
+    return out;
+}
+
+void TParser::HexToBinary(std::string& out)
+{
     // Pictures make up most of a large form: the digits are decoded in
     // pairs through a table into a buffer sized once for the whole value.
     static const auto digits = [] {
@@ -272,8 +279,9 @@ std::string TParser::HexToBinary()
     }();
     const void* close = std::memchr(FPos, '}', size_t(FEnd - FPos));
     const char* end = close ? static_cast<const char*>(close) : FEnd;
-    std::string out(size_t(end - FPos) / 2, '\0');
-    char* o = out.data();
+    const size_t start = out.size();
+    out.resize(start + size_t(end - FPos) / 2);
+    char* o = out.data() + start;
     // Locals, not members: the compiler cannot keep a member in a register
     // across writes through a char pointer.
     const char* p = FPos;
@@ -294,6 +302,9 @@ std::string TParser::HexToBinary()
         char c = *p++;
         if (c == '\n') {
             ++FLine;
+            // The next line's indentation.
+            while (p < end && *p == ' ')
+                ++p;
             continue;
         }
         if (c == ' ' || c == '\r' || c == '\t')
@@ -319,5 +330,4 @@ std::string TParser::HexToBinary()
     if (hi >= 0)
         Error("Invalid binary value");
     ++FPos;  // the closing brace
-    return out;
 }

@@ -73,6 +73,8 @@ public:
 
     // Reads hexadecimal digit pairs up to '}' (the current token is '{').
     std::string HexToBinary();
+    // The same, appended to out.
+    void HexToBinary(std::string& out);
 
 private:
     void ScanString();

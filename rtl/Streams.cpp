@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -245,6 +246,33 @@ std::string ReadFileBytes(const AnsiString& fileName)
     for (Int64 n; (n = f.Read(buf, sizeof buf)) > 0;)
         out.append(buf, size_t(n));
     return out;
+}
+
+TMappedFile::TMappedFile(const AnsiString& fileName)
+{
+    const int fd = ::open(fileName.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        throw EFOpenError(SystemError("Cannot open file", fileName));
+    struct stat st {};
+    if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_size > 0) {
+        void* mapping = ::mmap(nullptr, size_t(st.st_size), PROT_READ, MAP_PRIVATE | MAP_POPULATE, fd, 0);
+        if (mapping != MAP_FAILED) {
+            FMapping = mapping;
+            FSize = size_t(st.st_size);
+            FBytes = std::string_view(static_cast<const char*>(mapping), FSize);
+        }
+    }
+    ::close(fd);
+    if (!FMapping) {
+        FRead = ReadFileBytes(fileName);
+        FBytes = FRead;
+    }
+}
+
+TMappedFile::~TMappedFile()
+{
+    if (FMapping)
+        ::munmap(FMapping, FSize);
 }
 
 void WriteFileAtomic(const AnsiString& fileName, const std::string& bytes, const AnsiString& backupName,

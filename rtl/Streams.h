@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 enum TSeekOrigin { soBeginning, soCurrent, soEnd };
@@ -106,6 +107,25 @@ private:
 
 // Whole-file helpers used by loaders and savers.
 std::string ReadFileBytes(const AnsiString& fileName);
+
+// A file's bytes without a copy: a regular file is mapped read-only (its
+// pages taken from the system's cache in one call), anything else is read.
+// For a program that reads a large file once; the bytes live as long as the
+// object.
+class TMappedFile {
+public:
+    explicit TMappedFile(const AnsiString& fileName);
+    ~TMappedFile();
+    TMappedFile(const TMappedFile&) = delete;
+    TMappedFile& operator=(const TMappedFile&) = delete;
+    std::string_view Bytes() const { return FBytes; }
+
+private:
+    void* FMapping = nullptr;
+    size_t FSize = 0;
+    std::string FRead;
+    std::string_view FBytes;
+};
 // Writes beside the target and renames over it, so a failed save leaves
 // the old file whole. With backupName non-empty the previous file is kept
 // under that name. Durable waits until the bytes are on the disk before the
