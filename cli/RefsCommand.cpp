@@ -532,7 +532,7 @@ int RunRefs(const std::vector<std::string>& args, std::FILE* out, std::FILE* err
     try {
         parsed = ParseArgs(args);
     } catch (const EUsage& e) {
-        std::fprintf(err, "qzpkg refs: %s\n\n%s", e.what(), RefsUsage);
+        std::fprintf(err, "qzpkg refs: %s (qzpkg refs --help shows the usage)\n", e.what());
         return 1;
     }
     RegisterQzModelClasses();

@@ -412,6 +412,7 @@ TEST_F(RefsCommand, BadInputExitsWithOneLineNamingTheProblemAndWritesNothing)
         EXPECT_EQ(run.Code, 1) << c.Says;
         EXPECT_NE(run.Err.find(c.Says), std::string::npos) << run.Err;
         EXPECT_EQ(run.Err.rfind("qzpkg refs: ", 0), 0u) << run.Err;
+        EXPECT_EQ(std::count(run.Err.begin(), run.Err.end(), '\n'), 1) << run.Err;
     }
     ExpectUnchanged();
 }
