@@ -496,6 +496,9 @@ int Change(TRun& run, const TRefsArgs& args, const TRows& rows, std::FILE* out)
         }
 
     for (const auto& form : changes.Forms()) {
+        // A replace by the same item rewrites nothing (and keeps the backup).
+        if (form->Before.Text() == form->After.Text())
+            continue;
         if (args.DryRun)
             std::fputs(QzUnifiedDiff(rows.Relative(form->File), form->Before, form->After).c_str(), out);
         else

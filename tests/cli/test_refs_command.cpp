@@ -389,6 +389,14 @@ TEST_F(RefsCommand, DryRunPrintsAUnifiedDiffOfTheTextAndWritesNothing)
     ExpectUnchanged();
 }
 
+TEST_F(RefsCommand, ReplacingAnItemByItselfWritesNothing)
+{
+    const TQzpkgRun run = Refs({"replace", "--kind", "images", "--package", "ICONS", "--value", "3", "--to-package",
+                                "ICONS", "--to-value", "3"});
+    EXPECT_EQ(run.Code, 0) << run.Err;
+    ExpectUnchanged();
+}
+
 // ---- bad input ------------------------------------------------------------------------
 
 TEST_F(RefsCommand, BadInputExitsWithOneLineNamingTheProblemAndWritesNothing)
