@@ -10,6 +10,12 @@
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
+#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
+#define QZ_SCAN_AVX2 1
+#include <immintrin.h>
+#else
+#define QZ_SCAN_AVX2 0
+#endif
 
 namespace {
 
@@ -85,13 +91,137 @@ int CountLineFeeds(const char* from, const char* to)
     return static_cast<int>(count);
 }
 
-int PopCount16(unsigned bits)
+int PopCount32(unsigned bits)
 {
-    bits = bits - ((bits >> 1) & 0x5555u);
-    bits = (bits & 0x3333u) + ((bits >> 2) & 0x3333u);
-    bits = (bits + (bits >> 4)) & 0x0F0Fu;
-    return static_cast<int>((bits + (bits >> 8)) & 0x1Fu);
+    bits = bits - ((bits >> 1) & 0x55555555u);
+    bits = (bits & 0x33333333u) + ((bits >> 2) & 0x33333333u);
+    bits = (bits + (bits >> 4)) & 0x0F0F0F0Fu;
+    return static_cast<int>((bits * 0x01010101u) >> 24);
 }
+
+// The bytes a line that may match holds: the first two characters of a
+// searched value (or the key's anchor letter alone), in any case, and with
+// Pieces the '#' and '+' of values written in escapes or pieces.
+struct TMatchBytes {
+    char First;   // | 0x20
+    char Next;    // | 0x20
+    bool Second;
+    bool Pieces;
+
+    bool At(const char* p, std::size_t at, std::size_t n) const
+    {
+        const char c = p[at];
+        if (Pieces && (c == '#' || c == '+'))
+            return true;
+        return static_cast<char>(c | 0x20) == First &&
+               (!Second || (at + 1 < n && static_cast<char>(p[at + 1] | 0x20) == Next));
+    }
+};
+
+// Each finder goes on from b while a whole block and the byte after it are
+// in the text, calls found(pos, line feeds before pos) for every matching
+// byte, and leaves b and feeds where it stopped.
+#if defined(__SSE2__)
+template <class Found>
+void FindMatchesSse2(const char* p, std::size_t& b, std::size_t n, const TMatchBytes& m, std::size_t& feeds,
+                     Found& found)
+{
+    const __m128i v20 = _mm_set1_epi8(0x20);
+    const __m128i vFirst = _mm_set1_epi8(m.First);
+    const __m128i vNext = _mm_set1_epi8(m.Next);
+    const __m128i vHash = _mm_set1_epi8('#');
+    const __m128i vPlus = _mm_set1_epi8('+');
+    const __m128i vLf = _mm_set1_epi8('\n');
+    const __m128i zero = _mm_setzero_si128();
+    __m128i lanes = zero;   // line feeds per byte lane, for up to 255 blocks
+    int blocks = 0;
+    for (; b + 17 <= n; b += 16) {
+        const __m128i cur = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b));
+        const __m128i lf = _mm_cmpeq_epi8(cur, vLf);
+        __m128i match = _mm_cmpeq_epi8(_mm_or_si128(cur, v20), vFirst);
+        if (m.Second) {
+            const __m128i after = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b + 1));
+            match = _mm_and_si128(match, _mm_cmpeq_epi8(_mm_or_si128(after, v20), vNext));
+        }
+        if (m.Pieces)
+            match = _mm_or_si128(match, _mm_or_si128(_mm_cmpeq_epi8(cur, vHash), _mm_cmpeq_epi8(cur, vPlus)));
+        if (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(match))) {
+            const __m128i sums = _mm_sad_epu8(lanes, zero);
+            const std::size_t before = feeds + static_cast<std::size_t>(_mm_cvtsi128_si32(sums)) +
+                                       static_cast<std::size_t>(_mm_extract_epi16(sums, 4));
+            const unsigned lfMask = static_cast<unsigned>(_mm_movemask_epi8(lf));
+            for (; mask; mask &= mask - 1) {
+                const int bit = std::countr_zero(mask);
+                found(b + static_cast<std::size_t>(bit),
+                      before + static_cast<std::size_t>(PopCount32(lfMask & ((1u << bit) - 1))));
+            }
+        }
+        lanes = _mm_sub_epi8(lanes, lf);
+        if (++blocks == 255 || b + 33 > n) {
+            const __m128i sums = _mm_sad_epu8(lanes, zero);
+            feeds += static_cast<std::size_t>(_mm_cvtsi128_si32(sums)) + static_cast<std::size_t>(_mm_extract_epi16(sums, 4));
+            lanes = zero;
+            blocks = 0;
+        }
+    }
+}
+#endif
+
+#if QZ_SCAN_AVX2
+bool HasAvx2()
+{
+    static const bool has = __builtin_cpu_supports("avx2");
+    return has;
+}
+
+__attribute__((target("avx2"))) std::size_t SumLanesAvx2(__m256i lanes)
+{
+    const __m256i sums = _mm256_sad_epu8(lanes, _mm256_setzero_si256());
+    return static_cast<std::size_t>(_mm256_extract_epi64(sums, 0) + _mm256_extract_epi64(sums, 1) +
+                                    _mm256_extract_epi64(sums, 2) + _mm256_extract_epi64(sums, 3));
+}
+
+// The same 32 bytes at a time, where the processor has AVX2.
+template <class Found>
+__attribute__((target("avx2"))) void FindMatchesAvx2(const char* p, std::size_t& b, std::size_t n,
+                                                     const TMatchBytes& m, std::size_t& feeds, Found& found)
+{
+    const __m256i v20 = _mm256_set1_epi8(0x20);
+    const __m256i vFirst = _mm256_set1_epi8(m.First);
+    const __m256i vNext = _mm256_set1_epi8(m.Next);
+    const __m256i vHash = _mm256_set1_epi8('#');
+    const __m256i vPlus = _mm256_set1_epi8('+');
+    const __m256i vLf = _mm256_set1_epi8('\n');
+    __m256i lanes = _mm256_setzero_si256();
+    int blocks = 0;
+    for (; b + 33 <= n; b += 32) {
+        const __m256i cur = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + b));
+        const __m256i lf = _mm256_cmpeq_epi8(cur, vLf);
+        __m256i match = _mm256_cmpeq_epi8(_mm256_or_si256(cur, v20), vFirst);
+        if (m.Second) {
+            const __m256i after = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p + b + 1));
+            match = _mm256_and_si256(match, _mm256_cmpeq_epi8(_mm256_or_si256(after, v20), vNext));
+        }
+        if (m.Pieces)
+            match = _mm256_or_si256(match, _mm256_or_si256(_mm256_cmpeq_epi8(cur, vHash), _mm256_cmpeq_epi8(cur, vPlus)));
+        if (unsigned mask = static_cast<unsigned>(_mm256_movemask_epi8(match))) {
+            const std::size_t before = feeds + SumLanesAvx2(lanes);
+            const unsigned lfMask = static_cast<unsigned>(_mm256_movemask_epi8(lf));
+            for (; mask; mask &= mask - 1) {
+                const int bit = std::countr_zero(mask);
+                const unsigned below = bit == 0 ? 0u : lfMask & (0xFFFFFFFFu >> (32 - bit));
+                found(b + static_cast<std::size_t>(bit), before + static_cast<std::size_t>(PopCount32(below)));
+            }
+        }
+        lanes = _mm256_sub_epi8(lanes, lf);
+        if (++blocks == 255 || b + 65 > n) {
+            feeds += SumLanesAvx2(lanes);
+            lanes = _mm256_setzero_si256();
+            blocks = 0;
+        }
+    }
+}
+#endif
 
 // What follows "=", without the blanks (and code 0) at its end.
 std::string_view TrimValue(std::string_view value)
@@ -297,64 +427,27 @@ void TQzFormScanner::ScanEvents(std::string_view text, std::vector<TQzTokenRec1>
     // costs nothing extra where one is needed.
     std::size_t b = c.Processed;
     const int firstLine = c.KnownLine;   // the index of the line at b
-    std::size_t counted = 0;             // line feeds in the blocks summed so far
-    const auto event = [&](std::size_t pos, int lineIndex) {
+    std::size_t feeds = 0;               // line feeds from there to b
+    const TMatchBytes m{first, next, second, byValue};
+    const auto found = [&](std::size_t pos, std::size_t feedsBefore) {
         if (pos < c.Processed)
             return;
         c.KnownPos = LineStartBefore(c, pos);
-        c.KnownLine = lineIndex;
+        c.KnownLine = firstLine + static_cast<int>(feedsBefore);
         ScanEvent(c, c.KnownPos, pairs, hits);
     };
+#if QZ_SCAN_AVX2
+    if (HasAvx2())
+        FindMatchesAvx2(p, b, n, m, feeds, found);
+#endif
 #if defined(__SSE2__)
-    const __m128i v20 = _mm_set1_epi8(0x20);
-    const __m128i vFirst = _mm_set1_epi8(first);
-    const __m128i vNext = _mm_set1_epi8(next);
-    const __m128i vHash = _mm_set1_epi8('#');
-    const __m128i vPlus = _mm_set1_epi8('+');
-    const __m128i vLf = _mm_set1_epi8('\n');
-    const __m128i zero = _mm_setzero_si128();
-    __m128i feeds = zero;   // per byte lane, up to 255 blocks
-    int lanesFull = 0;
-    const auto summed = [&] {
-        const __m128i sums = _mm_sad_epu8(feeds, zero);
-        return counted + static_cast<std::size_t>(_mm_cvtsi128_si32(sums)) +
-               static_cast<std::size_t>(_mm_extract_epi16(sums, 4));
-    };
-    for (; b + 17 <= n; b += 16) {
-        const __m128i cur = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b));
-        const __m128i lf = _mm_cmpeq_epi8(cur, vLf);
-        __m128i match = _mm_cmpeq_epi8(_mm_or_si128(cur, v20), vFirst);
-        if (second) {
-            const __m128i after = _mm_loadu_si128(reinterpret_cast<const __m128i*>(p + b + 1));
-            match = _mm_and_si128(match, _mm_cmpeq_epi8(_mm_or_si128(after, v20), vNext));
-        }
-        if (byValue)
-            match = _mm_or_si128(match, _mm_or_si128(_mm_cmpeq_epi8(cur, vHash), _mm_cmpeq_epi8(cur, vPlus)));
-        if (unsigned mask = static_cast<unsigned>(_mm_movemask_epi8(match))) {
-            const unsigned lfMask = static_cast<unsigned>(_mm_movemask_epi8(lf));
-            const std::size_t before = summed();
-            for (; mask; mask &= mask - 1) {
-                const int bit = std::countr_zero(mask);
-                event(b + static_cast<std::size_t>(bit),
-                      firstLine + static_cast<int>(before) + PopCount16(lfMask & ((1u << bit) - 1)));
-            }
-        }
-        feeds = _mm_sub_epi8(feeds, lf);
-        if (++lanesFull == 255) {
-            counted = summed();
-            feeds = zero;
-            lanesFull = 0;
-        }
-    }
-    counted = summed();
+    FindMatchesSse2(p, b, n, m, feeds, found);
 #endif
     for (; b < n; ++b) {
         const char c0 = p[b];
-        const bool match = static_cast<char>(c0 | 0x20) == first &&
-                           (!second || (b + 1 < n && static_cast<char>(p[b + 1] | 0x20) == next));
-        if (match || (byValue && (c0 == '#' || c0 == '+')))
-            event(b, firstLine + static_cast<int>(counted));
-        counted += c0 == '\n';
+        if (m.At(p, b, n))
+            found(b, feeds);
+        feeds += c0 == '\n';
     }
     CatchUp(c, n, hits);
 }
@@ -400,7 +493,10 @@ void TQzFormScanner::CatchUp(TTextCursor& c, std::size_t to, std::vector<TQzToke
         }
         end = start;
     }
-    // Then the lines that open, close or number collections.
+    // Then the lines that open, close or number collections; outside one,
+    // only a '<' can open one.
+    if (FCollections.empty() && !std::memchr(text.data() + pos, '<', to > pos ? to - pos : 0))
+        pos = to;
     while (pos < to) {
         std::size_t next = 0;
         const std::string_view line = lineAt(pos, next);
