@@ -9,6 +9,7 @@
 #include "design/images/Qzruler.h"
 #include "design/manager/QzManagerReg.h"
 #include "design/reg/QzCtrlsReg.h"
+#include "design/settings/Qzvtpkgvars.h"
 
 #include "designide/DesignIntf.h"
 #include "runtime/components/QzAddCtrls.h"
@@ -260,4 +261,5 @@ void Register()
     // The windows the editors open; installing them registers nothing the
     // designer lists.
     RegisterQzvtmask();
+    RegisterQzvtpkgvars();
 }
