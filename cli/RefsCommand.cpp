@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <memory>
+#include <stdexcept>
 
 namespace {
 
