@@ -429,8 +429,16 @@ void TQzFormScanner::ScanEvents(std::string_view text, std::vector<TQzTokenRec1>
     const int firstLine = c.KnownLine;   // the index of the line at b
     std::size_t feeds = 0;               // line feeds from there to b
     const TMatchBytes m{first, next, second, byValue};
+    // A value of word characters is written as it is, bare or in one
+    // quoted piece (escapes and pieces bring '#' or '+'): where it matches,
+    // no word character touches it.
+    const bool wordValue =
+        byValue && std::all_of(value.begin(), value.end(), [](char ch) { return IsWordChar(ch); });
     const auto found = [&](std::size_t pos, std::size_t feedsBefore) {
         if (pos < c.Processed)
+            return;
+        if (wordValue && p[pos] != '#' && p[pos] != '+' &&
+            ((pos > 0 && IsWordChar(p[pos - 1])) || (pos + value.size() < n && IsWordChar(p[pos + value.size()]))))
             return;
         c.KnownPos = LineStartBefore(c, pos);
         c.KnownLine = firstLine + static_cast<int>(feedsBefore);
