@@ -336,6 +336,9 @@ bool TFrPkgVars::SelectVariable(const TQzPkgVarsItem* item)
         return false;
     const int row = FList->FindData(item);
     SelectRow(row);
+    // A variable is chosen in the list: the commands that work on either
+    // the tree or the list take the list.
+    LView->setFocus();
     return row >= 0;
 }
 

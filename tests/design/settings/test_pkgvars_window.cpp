@@ -324,6 +324,52 @@ TEST_F(PkgVarsWindow, FilesWrittenAndReadBackAndADamagedFileChangesNothing)
     EXPECT_NE(errors[0].Message.Text.find("damaged.pva"), AnsiString::npos) << errors[0].Message.Text;
 }
 
+TEST_F(PkgVarsWindow, ChangingATypeAsksAndConvertsTheValue)
+{
+    FPackage->Find("Setup\\Copies")->SetVInteger(42);
+    TQzTestDialogs dialogs;
+    dialogs->AnswerMessage(mbCancel).AnswerMessage(mbOK).AnswerMessage(mbOK);
+    TQzModalDriver driver;
+    driver.Then("Copies", Select("Setup\\Copies"))
+        .Then("to string, declined", Trigger("String3"))
+        .Then("to string", Trigger("String3"))
+        .Then("same row, new text", [](QWidget* w) { EXPECT_EQ(Rows(w).at(1), "Copies=\"42\""); })
+        .Then("to its own type: nothing asked", Trigger("String3"))
+        .Then("Paper", Select("Setup\\Paper"))
+        .Then("the folder a variable", [](QWidget* w) {
+            TQzModalDriver::Find<QTreeWidget>(w, "TView")->setFocus();
+            TQzModalDriver::Find<QAction>(w, "Boolean3")->trigger();
+        })
+        .Then("shown in its parent's list", [](QWidget* w) {
+            EXPECT_EQ(Form(w)->SelectedFolder()->Ident(), "Setup");
+            EXPECT_EQ(Form(w)->SelectedVariable()->Ident(), "Paper");
+        })
+        .Click("BtOk");
+    Run(driver);
+    EXPECT_EQ(FPackage->Find("Setup\\Copies")->GetItemType(), qvString);
+    EXPECT_EQ(FPackage->Find("Setup\\Copies")->GetVString(), "42");
+    EXPECT_EQ(FPackage->Find("Setup\\Paper")->GetItemType(), qvBoolean);
+    EXPECT_EQ(FPackage->Find("Setup\\Paper\\Size"), nullptr) << "a folder turned variable loses its contents";
+}
+
+TEST_F(PkgVarsWindow, APackageInItsOwnFileIsWrittenWhenTheEditorClosesNotMarkedOnTheForm)
+{
+    QTemporaryDir dir;
+    const AnsiString file = (dir.path() + "/settings.pva").toStdString();
+    FPackage->SaveFileEx(file, imFile);
+    TQzTestDialogs dialogs;
+    dialogs->AnswerMessage(mbOK);  // clear all
+    TQzModalDriver driver;
+    driver.Then("FILE", [](QWidget* w) { EXPECT_EQ(TQzModalDriver::Find<QLabel>(w, "Label6")->text(), "FILE"); })
+        .Click("BtClearAll")
+        .Click("BtOk");
+    Run(driver);
+    EXPECT_EQ(FModified, 1) << "only the placement";
+    TQzPkgVars reread(nullptr);
+    reread.LoadFromFile(file);
+    EXPECT_TRUE(reread.IsEmpty()) << "the cleared package was written";
+}
+
 TEST_F(PkgVarsWindow, ThePackagesWindowIsTheVariablesEditorOnceRegistered)
 {
     const TQzEditorDialogOpener previous = QzSetEditorDialog(TQzEditorDialog::PkgVars, {});
