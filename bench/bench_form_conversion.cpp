@@ -2,6 +2,7 @@
 // bytes per second and the peak memory the conversion holds, as a multiple
 // of the input's size.
 
+#include "rtl/CodePageGuess.h"
 #include "rtl/ComponentStream.h"
 #include "rtl/FormText.h"
 
@@ -117,6 +118,25 @@ void BM_SaveForm(benchmark::State& state, const char* path)
     state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(binary.size()));
 }
 
+// What qzpkg convert reads of its input before converting it: the writer's
+// options, and with --code-page auto the code page.
+void BM_DetectOptions(benchmark::State& state, const char* path, bool binary)
+{
+    const std::string original = Corpus(path);
+    const std::string input = binary ? FormToBinary(original, DetectFormTextOptions(original)) : original;
+    for (auto _ : state)
+        benchmark::DoNotOptimize(DetectFormTextOptions(input));
+    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(input.size()));
+}
+
+void BM_GuessCodePage(benchmark::State& state, const char* path)
+{
+    const std::string form = Corpus(path);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(GuessCodePage(FormHighStrings(form)));
+    state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(form.size()));
+}
+
 } // namespace
 
 void* operator new(size_t size)
@@ -152,3 +172,7 @@ BENCHMARK_CAPTURE(BM_BinaryToText, glDemo_resource_793KB, LargeResource)->Unit(b
 BENCHMARK_CAPTURE(BM_BinaryToTextStream, main_dfm_1_6MB, LargeText)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_LoadForm, main_dfm_1_6MB, LargeText)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_SaveForm, main_dfm_1_6MB, LargeText)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_DetectOptions, text_main_dfm_1_6MB, LargeText, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_DetectOptions, binary_main_dfm_645KB, LargeText, true)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_GuessCodePage, chinese_form_10KB, "cnpack__cnvcl/Example/VCL/MultiLang/Unit1.dfm")
+    ->Unit(benchmark::kMillisecond);
