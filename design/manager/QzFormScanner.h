@@ -89,7 +89,9 @@ public:
     bool CountMode() const { return FCountMode; }
 
     // Told after each line; may be nullptr. A cancel stops the file after
-    // the current line, and Cancelled() says so.
+    // the current line, and Cancelled() says so. Without one, a whole text
+    // is scanned by jumping to the lines that may match, which finds the
+    // same hits in a fraction of the time.
     void SetProgress(IQzManagerProgress* progress) { FProgress = progress; }
     bool Cancelled() const { return FCancelled; }
 
@@ -117,7 +119,7 @@ public:
     // Raises EQzScanError for a path that makes no sense.
     const TMetaClass* GetTypeProperty(const AnsiString& path);
 
-    // The state, as the last line left it.
+    // The state, as the last line read left it.
     const AnsiString& FormName() const { return FFormName; }       // "Form1:TForm1"
     const AnsiString& ObjectPath() const { return FObjectPath; }   // "Label1:TQzLabel"
     // The innermost open collection (collections may nest in items).
