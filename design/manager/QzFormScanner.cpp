@@ -273,13 +273,13 @@ AnsiString QzLineString(const TQzTokenRec1& hit, bool withPackage)
         return text;
     }
     case TQzHitSource::Privilege:
-        return AnsiString("(") + QzDlgManagerName(TQzDlgManager::Privileges) + ") Id: " + hit.ItemName;
+        return AnsiString("(") + QzDlgManagerName(TQzDlgManager::Privileges) + ") Name: '" + hit.ItemName + "'";
     case TQzHitSource::SetBackGround:
-        return AnsiString("(") + QzDlgManagerName(TQzDlgManager::SetsBackGround) + ") Name: '" + hit.ItemName + "'";
+        return AnsiString("(") + QzDlgManagerName(TQzDlgManager::SetsBackGround) + ") Id: " + hit.ItemName;
     case TQzHitSource::SetColor:
-        return AnsiString("(") + QzDlgManagerName(TQzDlgManager::SetsColor) + ") Name: '" + hit.ItemName + "'";
+        return AnsiString("(") + QzDlgManagerName(TQzDlgManager::SetsColor) + ") Id: " + hit.ItemName;
     case TQzHitSource::SetFont:
-        return AnsiString("(") + QzDlgManagerName(TQzDlgManager::SetsFont) + ") Name: '" + hit.ItemName + "'";
+        return AnsiString("(") + QzDlgManagerName(TQzDlgManager::SetsFont) + ") Id: " + hit.ItemName;
     }
     return {};
 }

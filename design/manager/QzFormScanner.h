@@ -66,8 +66,8 @@ struct TQzTokenRec2 : TQzTokenRec1 {
 // The row text of a hit:
 //   form hit:      "(Main.dfm) (Label1: TQzLabel) 25", with " - Items[2]"
 //                  after the class when the reference is in a collection item;
-//   set hit:       "(SetsBackGround) Name: 'Blue'";
-//   privilege hit: "(Privileges) Id: 3".
+//   set hit:       "(SetsBackGround) Id: Blue";
+//   privilege hit: "(Privileges) Name: '3'".
 // A count's form hit names its package too: "... (Label1: TQzLabel) (25, DEMO)".
 AnsiString QzLineString(const TQzTokenRec1& hit, bool withPackage = false);
 // Appended to the row text of a count hit whose item does not exist.

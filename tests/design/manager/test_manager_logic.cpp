@@ -179,7 +179,7 @@ TEST_F(ManagerLogic, AScanReadsEveryFormInItsFormatThenTheSetsAndPrivileges)
     const std::vector<TQzTokenRec1> hits = logic.Scan(TQzDlgManager::Labels, "demo", "5");
     EXPECT_EQ(Texts(hits), (std::vector<std::string>{
                                "(Unit1.dfm) (Label1: TQzLabel) 5", "(Unit1.dfm) (ListBox1: TQzListBox - Items[0]) 5",
-                               "(Unit2.dfm) (Label2: TQzLabel) 5", "(SetsBackGround) Name: 'Blue'"}));
+                               "(Unit2.dfm) (Label2: TQzLabel) 5", "(SetsBackGround) Id: Blue"}));
     EXPECT_EQ(progress.Titles, std::vector<std::string>{"Scanning"});
     EXPECT_EQ(progress.Phases,
               (std::vector<std::string>{"Unit1.dfm", "Unit2.dfm",
@@ -194,9 +194,9 @@ TEST_F(ManagerLogic, AScanReadsEveryFormInItsFormatThenTheSetsAndPrivileges)
 TEST_F(ManagerLogic, TheChecksFollowTheKind)
 {
     const std::tuple<TQzDlgManager, const char*, const char*, std::vector<std::string>> cases[] = {
-        {TQzDlgManager::Images, "DEMO", "2", {"(SetsBackGround) Name: 'Blue'"}},
-        {TQzDlgManager::Labels, "DEMO", "7", {"(Privileges) Id: 3"}},
-        {TQzDlgManager::Labels, "DEMO", "8", {"(SetsColor) Name: 'Red'"}},
+        {TQzDlgManager::Images, "DEMO", "2", {"(SetsBackGround) Id: Blue"}},
+        {TQzDlgManager::Labels, "DEMO", "7", {"(Privileges) Name: '3'"}},
+        {TQzDlgManager::Labels, "DEMO", "8", {"(SetsColor) Id: Red"}},
         {TQzDlgManager::Texts, "DEMO", "5", {}},
         {TQzDlgManager::SetsBackGround, "", "green", {"(Unit1.dfm) (Panel2: TQzPanel) Green"}},
         {TQzDlgManager::Privileges, "", "3", {"(Unit1.dfm) (Panel1: TQzPanel) 3"}},
@@ -223,9 +223,9 @@ TEST_F(ManagerLogic, ACountMarksReferencesToMissingItems)
                          "(Unit1.dfm) (ListBox1: TQzListBox - Items[0]) (5, DEMO)",
                          "(Unit1.dfm) (ListBox1: TQzListBox - Items[1]) (99, DEMO) ( Nonexistent ) !",
                          "(Unit2.dfm) (Label2: TQzLabel) (5, DEMO)",
-                         "(SetsBackGround) Name: 'Blue' (5, DEMO)",
-                         "(SetsColor) Name: 'Red' (8, DEMO) ( Nonexistent ) !",
-                         "(Privileges) Id: 3 (7, DEMO)"}));
+                         "(SetsBackGround) Id: Blue (5, DEMO)",
+                         "(SetsColor) Id: Red (8, DEMO) ( Nonexistent ) !",
+                         "(Privileges) Name: '3' (7, DEMO)"}));
     EXPECT_EQ(progress.Titles, std::vector<std::string>{"Counting"});
     EXPECT_EQ(progress.Phases, (std::vector<std::string>{"Labels Search", "Labels Search",
                                                          "Labels Check (SetsBackGround, SetsColor, SetsFont, Privileges)",
