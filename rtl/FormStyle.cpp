@@ -131,6 +131,7 @@ struct TTextFacts {
     bool ShortFloats = false;    // "0.5", "1.5E-5"
     bool HighEscapes = false;    // #233 outside quotes
     bool RawHighBytes = false;
+    bool Utf8 = false;           // raw bytes above 127, every one part of a UTF-8 character
 };
 
 bool IsDigit(char c)
@@ -141,6 +142,24 @@ bool IsDigit(char c)
 bool IsIdentChar(char c)
 {
     return IsDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+}
+
+// Whether every byte above 127 belongs to a well-formed UTF-8 sequence. Code
+// page text almost never is: its accented letters stand alone, where UTF-8
+// needs a lead byte and one to three continuation bytes in a row.
+bool IsUtf8(std::string_view text)
+{
+    for (size_t i = 0; i < text.size();) {
+        const Byte b = Byte(text[i]);
+        const size_t length = b < 0x80 ? 1 : b >= 0xC2 && b < 0xE0 ? 2 : b >= 0xE0 && b < 0xF0 ? 3 : b >= 0xF0 && b < 0xF5 ? 4 : 0;
+        if (length == 0 || i + length > text.size())
+            return false;
+        for (size_t k = 1; k < length; ++k)
+            if ((Byte(text[i + k]) & 0xC0) != 0x80)
+                return false;
+        i += length;
+    }
+    return true;
 }
 
 size_t LineStart(std::string_view text, size_t at)
@@ -202,6 +221,7 @@ TTextFacts TextFacts(std::string_view text)
     for (size_t at = text.find('#'); at != std::string_view::npos && !facts.HighEscapes; at = text.find('#', at + 1))
         NoteEscape(text, at, facts);
     facts.RawHighBytes = HasHighByte(text);
+    facts.Utf8 = facts.RawHighBytes && IsUtf8(text);
     return facts;
 }
 
@@ -216,7 +236,7 @@ TFormTextOptions DetectFormTextOptions(std::string_view form)
         const TTextFacts facts = TextFacts(form);
         if (facts.LfBreaks)
             options.LineBreak.assign(1, '\n');
-        if (bom)
+        if (bom || facts.Utf8)
             options.HighChars = THighChars::Utf8;
         // Later IDE generations write floats with 18 decimals, every other
         // character as #nnnn and, in binary, strings beyond ASCII as UTF-8.

@@ -61,7 +61,8 @@ TStreamOriginalFormat TestStreamFormat(TStream& stream);
 
 // The options that reproduce a form as it is stored, so that converting it
 // to the other format and back with them gives the same bytes. From text:
-// the line breaks, the float style and whether the writer was a later IDE
+// the line breaks, UTF-8 (a byte order mark, or every byte above 127 part
+// of a UTF-8 character), the float style and whether the writer was a later IDE
 // generation (18-decimal floats, or #nnnn escapes with no raw 8-bit
 // characters and no short floats), whose binary strings beyond ASCII are
 // UTF-8. From binary: UTF-8 strings, and whether a float needs 18 decimals

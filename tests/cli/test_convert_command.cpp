@@ -98,6 +98,28 @@ TEST_F(ConvertCommand, KeepsWhatTheInputShowsOfItsWriter)
     }
 }
 
+// Text whose bytes above 127 are UTF-8 characters is read as UTF-8; code
+// page text, whose accented letters stand alone, is not.
+TEST_F(ConvertCommand, ReadsUtf8TextAsUtf8)
+{
+    TFormTextOptions utf8Text;
+    utf8Text.HighChars = THighChars::Utf8;
+    struct Case {
+        std::string text;
+        TFormTextOptions readAs;
+    } cases[] = {
+        {"object F: TF\r\n  Caption = 'caf\xC3\xA9 \xD0\x96'\r\nend\r\n", utf8Text},
+        {"object F: TF\r\n  Caption = 'caf\xE9 \xC3'\r\nend\r\n", {}},
+        {"object F: TF\r\n  Caption = '\xC3\xA9\xE9'\r\nend\r\n", {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        Write("t.dfm", c.text);
+        ASSERT_EQ(Qzpkg({"convert", "--to", "binary", PathOf("t.dfm"), PathOf("t.bin")}).Code, 0);
+        EXPECT_EQ(ReadFileBytes(PathOf("t.bin")), FormTextToBinary(c.text, c.readAs));
+    }
+}
+
 // The options choose over what the input shows.
 TEST_F(ConvertCommand, OptionsOverrideWhatTheInputShows)
 {
