@@ -397,16 +397,24 @@ int TQzManagerLogic::ChangeHits(const std::vector<const TQzTokenRec1*>& hits, bo
         changed += formChanged;
     }
 
+    // The packages holding sets and privileges are told once each, after
+    // all their changes, so a run is one step of their form's history.
+    std::vector<TComponent*> owners;
     for (const TQzTokenRec1* hit : hits) {
         if (FCancelled)
             break;
         if (hit->Source == TQzHitSource::Form)
             continue;
-        if (ChangeItemHit(*hit, clear, newPkg, newValue))
+        if (TComponent* owner = ChangeItemHit(*hit, clear, newPkg, newValue)) {
             ++changed;
+            if (std::find(owners.begin(), owners.end(), owner) == owners.end())
+                owners.push_back(owner);
+        }
         FProgress->IncProgressBar(1);
         FCancelled = FProgress->CheckCancel();
     }
+    for (TComponent* owner : owners)
+        QzDesignerModified(owner);
     return changed;
 }
 
@@ -442,8 +450,8 @@ bool TQzManagerLogic::ChangeFormHit(TComponent* root, const TQzTokenRec1& hit, b
     return false;
 }
 
-bool TQzManagerLogic::ChangeItemHit(const TQzTokenRec1& hit, bool clear, const AnsiString& newPkg,
-                                    const AnsiString& newValue)
+TComponent* TQzManagerLogic::ChangeItemHit(const TQzTokenRec1& hit, bool clear, const AnsiString& newPkg,
+                                           const AnsiString& newValue)
 {
     TQzMemoryRef* ref = nullptr;
     TComponent* owner = nullptr;
@@ -475,13 +483,12 @@ bool TQzManagerLogic::ChangeItemHit(const TQzTokenRec1& hit, bool clear, const A
         break;
     }
     if (!ref)
-        return false;
+        return nullptr;
     if (clear)
         ref->SetId(TQzMemoryRef::IdNone);
     else
         ref->PkgId(newPkg, StrToInt(newValue));
-    QzDesignerModified(owner);
-    return true;
+    return owner;
 }
 
 void TQzManagerLogic::FormChanged(const AnsiString& formFile, TComponent* root)

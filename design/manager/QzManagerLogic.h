@@ -96,7 +96,8 @@ private:
                    const AnsiString& newValue);
     bool ChangeFormHit(TComponent* root, const TQzTokenRec1& hit, bool clear, const AnsiString& newPkg,
                        const AnsiString& newValue);
-    bool ChangeItemHit(const TQzTokenRec1& hit, bool clear, const AnsiString& newPkg, const AnsiString& newValue);
+    // Returns the package that holds the changed reference, or nullptr.
+    TComponent* ChangeItemHit(const TQzTokenRec1& hit, bool clear, const AnsiString& newPkg, const AnsiString& newValue);
     void FormChanged(const AnsiString& formFile, TComponent* root);
 
     TProjectServices& FProject;

@@ -8,6 +8,7 @@
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/model/QzPkgStrings.h"
+#include "runtime/util/QzDesigner.h"
 
 #include "rtl/Collection.h"
 #include "rtl/FormText.h"
@@ -301,6 +302,24 @@ TEST_F(ManagerLogic, ClearEmptiesFormReferencesAndUnsetsItemReferences)
 
     EXPECT_EQ(logic.Clear({}), 0);
     EXPECT_FALSE(FormModified("Unit2.dfm"));
+
+    // Each package holding sets or privileges is told once per run, so the
+    // run is one step of its form's undo history.
+    std::vector<TComponent*> told;
+    const TQzDesignerModifiedHook previous =
+        SetQzDesignerModifiedHook([&](TComponent* owner) { told.push_back(owner); });
+    std::vector<const TQzTokenRec1*> items;
+    for (const TQzTokenRec2& row : rows)
+        if (row.Source != TQzHitSource::Form)
+            items.push_back(&row);
+    ASSERT_GE(items.size(), 2u);
+    logic.Clear(items);
+    SetQzDesignerModifiedHook(previous);
+    std::vector<TComponent*> distinct = told;
+    std::sort(distinct.begin(), distinct.end());
+    distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
+    EXPECT_FALSE(told.empty());
+    EXPECT_EQ(told.size(), distinct.size());
 }
 
 TEST_F(ManagerLogic, ACancelStopsThePassAndSkipsTheChecks)
