@@ -232,19 +232,40 @@ void TFileStream::SetSize(Int64 newSize)
 
 std::string ReadFileBytes(const AnsiString& fileName)
 {
-    TFileStream f(fileName, fmOpenRead);
-    // Sized from the file once; a pipe, which has no size, or a file still
-    // growing is read on to its end.
-    Int64 size = 0;
-    try {
-        size = f.GetSize();
-    } catch (const EStreamError&) {
-    }
-    std::string out(size_t(std::max<Int64>(size, 0)), '\0');
-    out.resize(size_t(f.Read(out.data(), Int64(out.size()))));
+    const int fd = ::open(fileName.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        throw EFOpenError(SystemError("Cannot open file", fileName));
+    // A regular file is read into a buffer of its size at once; a pipe, or
+    // a file still growing, is read on to its end.
+    struct stat st {};
+    std::string out;
+    if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode))
+        out.reserve(size_t(st.st_size));
     char buf[65536];
-    for (Int64 n; (n = f.Read(buf, sizeof buf)) > 0;)
-        out.append(buf, size_t(n));
+    for (;;) {
+        const size_t room = out.capacity() - out.size();
+        const size_t start = out.size();
+        ssize_t n;
+        if (room > 0) {
+            out.resize(out.capacity());
+            n = ::read(fd, out.data() + start, room);
+            out.resize(start + size_t(std::max<ssize_t>(n, 0)));
+        } else {
+            n = ::read(fd, buf, sizeof buf);
+            if (n > 0)
+                out.append(buf, size_t(n));
+        }
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n < 0) {
+            const AnsiString msg = SystemError("Cannot read file", fileName);
+            ::close(fd);
+            throw EReadError(msg);
+        }
+        if (n == 0)
+            break;
+    }
+    ::close(fd);
     return out;
 }
 
@@ -254,7 +275,12 @@ TMappedFile::TMappedFile(const AnsiString& fileName)
     if (fd < 0)
         throw EFOpenError(SystemError("Cannot open file", fileName));
     struct stat st {};
-    if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_size > 0) {
+    if (::fstat(fd, &st) == 0 && S_ISDIR(st.st_mode)) {
+        ::close(fd);
+        errno = EISDIR;
+        throw EFOpenError(SystemError("Cannot read file", fileName));
+    }
+    if (S_ISREG(st.st_mode) && st.st_size > 0) {
         void* mapping = ::mmap(nullptr, size_t(st.st_size), PROT_READ, MAP_PRIVATE | MAP_POPULATE, fd, 0);
         if (mapping != MAP_FAILED) {
             FMapping = mapping;

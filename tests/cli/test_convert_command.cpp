@@ -203,6 +203,11 @@ TEST_F(ConvertCommand, BadInputFailsWithTheFileAndLineAndWritesNothing)
     r = Qzpkg({"convert", "--to", "text", PathOf("missing.dfm"), PathOf("out.dfm")});
     EXPECT_EQ(r.Code, 1);
     EXPECT_NE(r.Err.find("missing.dfm"), std::string::npos) << r.Err;
+
+    r = Qzpkg({"convert", "--to", "text", Dir.string(), PathOf("out.dfm")});
+    EXPECT_EQ(r.Code, 1);
+    EXPECT_NE(r.Err.find("Cannot read file " + Dir.string()), std::string::npos) << r.Err;
+    EXPECT_EQ(ReadFileBytes(PathOf("out.dfm")), "previous");
 }
 
 TEST_F(ConvertCommand, UsageErrorsAndHelp)
