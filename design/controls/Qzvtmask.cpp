@@ -345,14 +345,17 @@ bool TFrMask::FormKeyPress(QKeyEvent* event)
 {
     // Enter in the tester's line keeps the input as a sample rather than
     // closing the editor.
-    if (EdTest->hasFocus() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+    // The focus child, not hasFocus(): the key reaches the form before the
+    // control, and an inactive window (a test's, another desktop's) still
+    // routes keys to it.
+    if (focusWidget() == EdTest && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
         EdTestReturnPressed();
         return true;
     }
     const QString text = event->text();
     // Keys without a character (arrows, Delete, Backspace) pass: they only
     // ever move or remove.
-    if (EdOptions->hasFocus() && text.size() == 1 && text[0].unicode() >= 32 && event->key() != Qt::Key_Backspace) {
+    if (focusWidget() == EdOptions && text.size() == 1 && text[0].unicode() >= 32 && event->key() != Qt::Key_Backspace) {
         const char16_t ch = text[0].unicode();
         if (ch > 127 || !EdOptionsKeyPress(static_cast<char>(ch)))
             return true;
