@@ -481,8 +481,10 @@ TEST_F(ManagerWindow, CancelReachesARunningPass)
             ++steps;
             QThread::msleep(1);
         }
+        // The driver may press at the very first check: what counts is that
+        // the pass stopped on it, not how far it got.
         EXPECT_TRUE(progress.Cancelled());
-        EXPECT_GT(steps, 0);
+        EXPECT_LT(clock.elapsed(), 5000) << steps << " steps";
         // Still shown until the pass ends, then gone.
         EXPECT_TRUE(progress.isVisible());
         progress.SetWindowProgress(false, "", 0);
