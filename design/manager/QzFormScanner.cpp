@@ -35,30 +35,15 @@ inline bool IsWordChar(char c)
     return IsLetter(c) || (c >= '0' && c <= '9');
 }
 
-inline char FoldAscii(char c)
-{
-    return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool SameAscii(std::string_view a, std::string_view b)
-{
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (FoldAscii(a[i]) != FoldAscii(b[i]))
-            return false;
-    return true;
-}
-
 // The words that open a component in form text.
 bool IsObjectWord(std::string_view word)
 {
     if (word.size() != 6 && word.size() != 9)
         return false;
-    const char first = FoldAscii(word[0]);
+    const char first = QzFoldAscii(word[0]);
     if (first == 'O')
-        return SameAscii(word, "object");
-    return first == 'I' && (SameAscii(word, "inherited") || SameAscii(word, "inline"));
+        return QzSameAscii(word, "object");
+    return first == 'I' && (QzSameAscii(word, "inherited") || QzSameAscii(word, "inline"));
 }
 
 bool EndsWithGreater(std::string_view line)
@@ -517,7 +502,7 @@ void TQzFormScanner::CatchUp(TTextCursor& c, std::size_t to, std::vector<TQzToke
             while (e < line.size() && IsWordChar(line[e]))
                 ++e;
             const std::string_view word = line.substr(i, e - i);
-            shapes = SameAscii(word, "item") || SameAscii(word, "Index");
+            shapes = QzSameAscii(word, "item") || QzSameAscii(word, "Index");
         }
         if (shapes) {
             FLine = LineIndexAt(c, pos) - 1;
@@ -580,7 +565,7 @@ bool TQzFormScanner::IsTokenObjectLine(std::string_view line)
     std::size_t i = 0;
     while (i < line.size() && (IsBlank(line[i]) || line[i] == '.'))
         ++i;
-    if (i == line.size() || (FoldAscii(line[i]) != 'O' && FoldAscii(line[i]) != 'I'))
+    if (i == line.size() || (QzFoldAscii(line[i]) != 'O' && QzFoldAscii(line[i]) != 'I'))
         return false;
     if (IsObjectLine(line))
         return true;
@@ -636,7 +621,7 @@ TQzFormScanner::TLineKind TQzFormScanner::ClassifyLine(std::string_view line, bo
     while (i < n && IsWordChar(p[i]))
         ++i;
     const std::string_view first = line.substr(segStart, i - segStart);
-    if (IsObjectWord(first) || (!FCollections.empty() && SameAscii(first, "item")))
+    if (IsObjectWord(first) || (!FCollections.empty() && QzSameAscii(first, "item")))
         return TLineKind::Full;
     FTokens.push_back(first);
     for (;;) {
@@ -660,11 +645,11 @@ TQzFormScanner::TLineKind TQzFormScanner::ClassifyLine(std::string_view line, bo
     if (i < n && p[i] == '<')
         return TLineKind::Full;
     FValue = TrimValue(line.substr(i));
-    const bool keyLine = QzDlgManagerUsesPackage(FKind) ? SameAscii(key, "PkgName") || (pkgPending && key == "Id")
-                                                        : SameAscii(key, FKeyName);
+    const bool keyLine = QzDlgManagerUsesPackage(FKind) ? QzSameAscii(key, "PkgName") || (pkgPending && key == "Id")
+                                                        : QzSameAscii(key, FKeyName);
     if (!FCollections.empty()) {
         // Inside a collection what follows "=" can close it; the tokenizer decides.
-        const bool index = FTokens.size() == 1 && SameAscii(key, "Index");
+        const bool index = FTokens.size() == 1 && QzSameAscii(key, "Index");
         return keyLine || index || EndsWithGreater(line) ? TLineKind::Full : TLineKind::Skip;
     }
     if (!keyLine)
@@ -738,15 +723,15 @@ bool TQzFormScanner::ScannerObject(const TQzTokens& tokens)
 bool TQzFormScanner::ScannerCollection(const TQzTokens& tokens, int equalIndex)
 {
     if (!FCollections.empty()) {
-        if (!tokens.empty() && SameAscii(tokens.back(), "end>")) {
+        if (!tokens.empty() && QzSameAscii(tokens.back(), "end>")) {
             FCollections.pop_back();
             return true;
         }
-        if (tokens.size() == 1 && SameAscii(tokens[0], "item")) {
+        if (tokens.size() == 1 && QzSameAscii(tokens[0], "item")) {
             ++FCollections.back().Index;
             return true;
         }
-        if (equalIndex == 1 && tokens[1] == "=" && SameAscii(tokens[0], "Index")) {
+        if (equalIndex == 1 && tokens[1] == "=" && QzSameAscii(tokens[0], "Index")) {
             FCollections.back().Index = StrToIntDef(AnsiString(GetToken(tokens, 2)), FCollections.back().Index);
             return true;
         }
@@ -763,7 +748,7 @@ bool TQzFormScanner::ScannerCollection(const TQzTokens& tokens, int equalIndex)
 
 std::optional<TQzTokenRec1> TQzFormScanner::NameRule(int equalIndex)
 {
-    if (!SameAscii(FTokens[static_cast<std::size_t>(equalIndex - 1)], FKeyName))
+    if (!QzSameAscii(FTokens[static_cast<std::size_t>(equalIndex - 1)], FKeyName))
         return std::nullopt;
     const std::string_view value = FValue;
     if (FCountMode ? value.empty() : !QzSameValue(value, FSearchValue))
@@ -776,7 +761,7 @@ std::optional<TQzTokenRec1> TQzFormScanner::NameRule(int equalIndex)
 std::optional<TQzTokenRec1> TQzFormScanner::PackageRule(int equalIndex, bool pkgPending)
 {
     const std::string_view key = FTokens[static_cast<std::size_t>(equalIndex - 1)];
-    if (SameAscii(key, "PkgName")) {
+    if (QzSameAscii(key, "PkgName")) {
         const std::string_view value = FValue;
         if (FCountMode ? value.empty() || value == "''" : !QzSameValue(value, FSearchPkg))
             return std::nullopt;

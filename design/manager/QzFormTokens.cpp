@@ -24,21 +24,6 @@ std::string_view TrimBlanks(std::string_view s)
     return s.substr(b, e - b);
 }
 
-inline char FoldAscii(char c)
-{
-    return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
-bool SameAscii(std::string_view a, std::string_view b)
-{
-    if (a.size() != b.size())
-        return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (FoldAscii(a[i]) != FoldAscii(b[i]))
-            return false;
-    return true;
-}
-
 void AppendUtf8(AnsiString& out, unsigned long code)
 {
     if (code < 0x80) {
@@ -72,8 +57,8 @@ bool ParseCharEscape(std::string_view value, std::size_t& i, AnsiString& out)
         int d;
         if (c >= '0' && c <= '9')
             d = c - '0';
-        else if (hex && FoldAscii(c) >= 'A' && FoldAscii(c) <= 'F')
-            d = FoldAscii(c) - 'A' + 10;
+        else if (hex && QzFoldAscii(c) >= 'A' && QzFoldAscii(c) <= 'F')
+            d = QzFoldAscii(c) - 'A' + 10;
         else
             break;
         code = code * (hex ? 16 : 10) + static_cast<unsigned long>(d);
@@ -223,10 +208,10 @@ bool QzSameValue(std::string_view value, std::string_view searched)
 {
     value = TrimBlanks(value);
     if (value.empty() || (value.front() != '\'' && value.front() != '#'))
-        return SameAscii(value, searched);
+        return QzSameAscii(value, searched);
     // 'DEMO': the common case, compared in place.
     if (value.size() >= 2 && value.front() == '\'' && value.back() == '\'' &&
         value.find('\'', 1) == value.size() - 1)
-        return SameAscii(value.substr(1, value.size() - 2), searched);
-    return SameAscii(QzDecodeValue(value), searched);
+        return QzSameAscii(value.substr(1, value.size() - 2), searched);
+    return QzSameAscii(QzDecodeValue(value), searched);
 }

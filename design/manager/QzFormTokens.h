@@ -12,6 +12,23 @@
 
 using TQzTokens = std::vector<std::string_view>;
 
+// Form text's names compare without regard to case, in ASCII only: a
+// name in a form is never anything else, and no locale is asked.
+inline char QzFoldAscii(char c)
+{
+    return (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
+inline bool QzSameAscii(std::string_view a, std::string_view b)
+{
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (QzFoldAscii(a[i]) != QzFoldAscii(b[i]))
+            return false;
+    return true;
+}
+
 // Splits line into tokens; tokens is cleared first.
 //  - Characters 1 to 32 are skipped at the start and after each separator.
 //  - ':' and '=' end the pending token and are tokens themselves; after
