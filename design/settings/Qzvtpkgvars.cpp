@@ -10,6 +10,7 @@
 #include "runtime/util/QzPaths.h"
 #include "vcl/QzDialogs.h"
 #include "vcl/QzQtString.h"
+#include "vcl/QzReportErrors.h"
 #include "vcl/QzWindowBounds.h"
 
 #include <QAction>
@@ -167,11 +168,7 @@ TModalResult TFrPkgVars::Execute()
     setWindowTitle(QzQString("PkgVars : " + FPackage->PkgName()));
     TQzPlacementTracker tracker(this, FPackage->Placement());
     if (FPackage->InitMode() == imFile && FPackage->FileModified()) {
-        try {
-            FPackage->LoadFile();
-        } catch (const Exception& e) {
-            ReportFileError(e);
-        }
+        QzRunReportingErrors(this, [&] { FPackage->LoadFile(); });
     }
     LoadFullTree();
     ChangeState();
@@ -537,15 +534,15 @@ void TFrPkgVars::FindDialog1Find(const TQzVarsFindOptions& options)
 
 // ------------------------------------------------------------------ files
 
-AnsiString TFrPkgVars::FileFilter() const
+TQzFileRequest TFrPkgVars::FileRequest(const AnsiString& title)
 {
     const AnsiString mask = "*" + QzAddPointExt(FPackage->DefaultExt());
-    return "Package Vars (" + mask + ")|" + mask + "|All files (*.*)|*.*";
-}
-
-void TFrPkgVars::ReportFileError(const Exception& e)
-{
-    QzMessage(e.Message(), mtError, {mbOK}, mbOK, this);
+    TQzFileRequest request;
+    request.Title = title;
+    request.Filter = "Package Vars (" + mask + ")|" + mask + "|All files (*.*)|*.*";
+    request.DefaultExt = FPackage->DefaultExt();
+    request.Parent = this;
+    return request;
 }
 
 // Without the package load and save dialog, Load and Save ask for a file:
@@ -554,20 +551,12 @@ void TFrPkgVars::ReportFileError(const Exception& e)
 void TFrPkgVars::Load2Click()
 {
     UpdateFile();
-    TQzFileRequest request;
-    request.Title = "Load";
-    request.Filter = FileFilter();
-    request.DefaultExt = FPackage->DefaultExt();
-    request.Parent = this;
+    TQzFileRequest request = FileRequest("Load");
     const AnsiString name = QzOpenFile(request);
     if (name.empty())
         return;
-    try {
-        FPackage->LoadFileEx(name, FPackage->InitMode());
-    } catch (const Exception& e) {
-        ReportFileError(e);
+    if (!QzRunReportingErrors(this, [&] { FPackage->LoadFileEx(name, FPackage->InitMode()); }))
         return;
-    }
     ChangeState();
     LoadFullTree();
     Modified();
@@ -576,41 +565,25 @@ void TFrPkgVars::Load2Click()
 void TFrPkgVars::Save2Click()
 {
     UpdateFile();
-    TQzFileRequest request;
-    request.Title = "Save";
-    request.Filter = FileFilter();
-    request.DefaultExt = FPackage->DefaultExt();
+    TQzFileRequest request = FileRequest("Save");
     request.FileName = FPackage->FileName();
-    request.Parent = this;
     const AnsiString name = QzSaveFile(request);
     if (name.empty())
         return;
-    try {
-        FPackage->SaveFileEx(name, imFile);
-    } catch (const Exception& e) {
-        ReportFileError(e);
+    if (!QzRunReportingErrors(this, [&] { FPackage->SaveFileEx(name, imFile); }))
         return;
-    }
     ChangeState();
     Modified();
 }
 
 void TFrPkgVars::Import1Click()
 {
-    TQzFileRequest request;
-    request.Title = "Load From";
-    request.Filter = FileFilter();
-    request.DefaultExt = FPackage->DefaultExt();
-    request.Parent = this;
+    TQzFileRequest request = FileRequest("Load From");
     const AnsiString name = QzOpenFile(request);
     if (name.empty())
         return;
-    try {
-        FPackage->LoadFromFile(name);
-    } catch (const Exception& e) {
-        ReportFileError(e);
+    if (!QzRunReportingErrors(this, [&] { FPackage->LoadFromFile(name); }))
         return;
-    }
     FPackage->SetModified(true);
     LoadFullTree();
     if (FPackage->InitMode() != imFile)
@@ -620,28 +593,16 @@ void TFrPkgVars::Import1Click()
 
 void TFrPkgVars::Export1Click()
 {
-    TQzFileRequest request;
-    request.Title = "Save To";
-    request.Filter = FileFilter();
-    request.DefaultExt = FPackage->DefaultExt();
-    request.Parent = this;
+    TQzFileRequest request = FileRequest("Save To");
     const AnsiString name = QzSaveFile(request);
     if (name.empty())
         return;
-    try {
-        FPackage->SaveToFile(name);
-    } catch (const Exception& e) {
-        ReportFileError(e);
-    }
+    QzRunReportingErrors(this, [&] { FPackage->SaveToFile(name); });
 }
 
 void TFrPkgVars::UpdateFile()
 {
-    try {
-        FPackage->SaveFile();
-    } catch (const Exception& e) {
-        ReportFileError(e);
-    }
+    QzRunReportingErrors(this, [&] { FPackage->SaveFile(); });
 }
 
 void TFrPkgVars::Modified()

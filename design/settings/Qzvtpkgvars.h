@@ -7,6 +7,7 @@
 
 #include "design/settings/QzPkgVarsLogic.h"
 #include "vcl/QzDialog.h"
+#include "vcl/QzDialogs.h"
 
 #include "ui_TFrPkgVars.h"
 
@@ -74,7 +75,6 @@ private:
     void AdjustComponents();
     void Modified();
     void UpdateFile();
-    void ReportFileError(const Exception& e);
     bool Confirm(Integer msgId, bool yesNo);
 
     AnsiString GetPath(QTreeWidgetItem* node) const;
@@ -84,7 +84,8 @@ private:
     QTreeWidgetItem* RootNode() const;
     int SelectedRow() const;
     void SelectRow(int row);
-    AnsiString FileFilter() const;
+    // A file dialog request for the package's own kind of file.
+    TQzFileRequest FileRequest(const AnsiString& title);
 
     TQzPkgVars* FPackage = nullptr;
     TQzVarsListModel* FList;
