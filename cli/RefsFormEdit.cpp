@@ -66,7 +66,9 @@ void AddEdit(std::vector<TQzLineEdit>& edits, const TStrings& lines, const TQzTo
              const AnsiString& expected, const std::function<AnsiString(std::string_view)>& literal)
 {
     const auto [at, size] = ValueSpan(lines, hit, index);
-    const std::string_view old = std::string_view(lines.Get(index)).substr(at, size);
+    // Get returns a copy: the view must look into one that lives on.
+    const AnsiString line = lines.Get(index);
+    const std::string_view old = std::string_view(line).substr(at, size);
     if (!QzSameValue(old, expected))
         LineError(hit, index);
     edits.push_back({index, literal(old)});
