@@ -6,10 +6,13 @@
 #include "design/reg/Qzreg.h"
 
 #include "design/controls/Qzvtmask.h"
+#include "design/images/QzImagesReg.h"
 #include "design/images/Qzruler.h"
 #include "design/manager/QzManagerReg.h"
+#include "design/manager/QzPkgFilesReg.h"
 #include "design/reg/QzCtrlsReg.h"
 #include "design/settings/Qzvtpkgvars.h"
+#include "design/strings/QzStringsReg.h"
 
 #include "designide/DesignIntf.h"
 #include "runtime/components/QzAddCtrls.h"
@@ -262,4 +265,7 @@ void Register()
     // designer lists.
     RegisterQzvtmask();
     RegisterQzvtpkgvars();
+    RegisterPkgFilesWindows();
+    RegisterStringsWindows();
+    RegisterImagesWindows();
 }

@@ -1,0 +1,5 @@
+#include "design/images/QzImagesReg.h"
+
+void RegisterImagesWindows()
+{
+}

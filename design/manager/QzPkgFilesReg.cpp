@@ -1,0 +1,5 @@
+#include "design/manager/QzPkgFilesReg.h"
+
+void RegisterPkgFilesWindows()
+{
+}

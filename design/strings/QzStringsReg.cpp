@@ -1,0 +1,5 @@
+#include "design/strings/QzStringsReg.h"
+
+void RegisterStringsWindows()
+{
+}
