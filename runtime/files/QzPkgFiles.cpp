@@ -46,6 +46,12 @@ void TQzPkgFileCodec::LoadFromFile(TQzPkgInfo& pkg, const AnsiString& fileName)
     } catch (const Exception& e) {
         throw EQzPkgFileError(fileName, e.Message());
     }
+    LoadFromBytes(pkg, fileName, bytes);
+}
+
+void TQzPkgFileCodec::LoadFromBytes(TQzPkgInfo& pkg, const AnsiString& fileName, std::string_view bytes)
+{
+    pkg.CheckChange();
     TQzPkgFileHeader header;
     const std::string_view contents = QzPkgFileContents(fileName, bytes, FKind, &header);
     // The envelope is whole (length and checksum agree); what can still

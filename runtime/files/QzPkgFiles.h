@@ -32,6 +32,9 @@ public:
 
     void SaveToFile(TQzPkgInfo& pkg, const AnsiString& fileName) override;
     void LoadFromFile(TQzPkgInfo& pkg, const AnsiString& fileName) override;
+    // The same from the file's bytes, read already; fileName is for the
+    // messages only.
+    void LoadFromBytes(TQzPkgInfo& pkg, const AnsiString& fileName, std::string_view bytes);
     AnsiString ReadDescription(const AnsiString& fileName) override;
 
 private:

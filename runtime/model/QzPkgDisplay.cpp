@@ -484,7 +484,7 @@ void TQzPkgDisplay::Transfer(TQzPkgTransfer& t)
     TQzPkgImages userImages(nullptr);
     (t.Loading() ? systemImages : *FPkgSystem).Transfer(t);
     (t.Loading() ? userImages : *FPkgUser).Transfer(t);
-    if (!t.Loading())
+    if (!t.EndBlock())
         return;
     FGeometry = g;
     FUserColors.Assign(colors);

@@ -223,7 +223,7 @@ void TQzPkgImages::Transfer(TQzPkgTransfer& t)
             e.Image->TransferData(t);
         },
         [](const TImageEntry&) {});
-    if (!t.Loading())
+    if (!t.EndBlock())
         return;
     FImages.TakeItems(images);
     FExtensions = std::move(extensions);

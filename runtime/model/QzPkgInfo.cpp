@@ -334,6 +334,7 @@ void TQzPkgInfo::xLoadFromStream(TReader* reader)
 
 TQzWindowPlacement TQzPkgInfo::TransferContentHeader(TQzPkgTransfer& t, Integer version) const
 {
+    t.BeginBlock();
     Integer stored = version;
     const size_t at = t.Loading() ? t.Reader().Position() : 0;
     t.Value(stored);
@@ -368,8 +369,6 @@ void TQzPkgInfo::ReadData(TStream& stream)
     TReader reader(stream);
     try {
         xLoadFromStream(&reader);
-        if (!reader.AtEnd())
-            reader.Error("Unexpected data after the package contents");
     } catch (const EReadError& e) {
         throw EReadError("Package " + Name() + ": " + e.Message());
     } catch (const Exception& e) {

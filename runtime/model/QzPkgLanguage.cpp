@@ -143,7 +143,7 @@ void TQzPkgLanguage::Transfer(TQzPkgTransfer& t)
     TQzPkgStrings userStrings(nullptr);
     (t.Loading() ? systemStrings : *FPkgSystem).Transfer(t);
     (t.Loading() ? userStrings : *FPkgUser).Transfer(t);
-    if (!t.Loading())
+    if (!t.EndBlock())
         return;
     FLocale.SetValues(l);
     FLastUpdateFile = lastUpdateFile;

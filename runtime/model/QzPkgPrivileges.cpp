@@ -241,7 +241,7 @@ void TQzPkgPrivileges::Transfer(TQzPkgTransfer& t)
             item->SetAccess(v.Access);
             item->SetVisible(v.Visible);
         });
-    if (!t.Loading())
+    if (!t.EndBlock())
         return;
     FItems.TakeItems(items);
     FKey = key;

@@ -192,7 +192,7 @@ void TQzPkgSetup::Transfer(TQzPkgTransfer& t)
         t.Char(d.TimeSeparator);
         t.Checked([&] { FDataBase.CheckValues(d); });
     });
-    if (!t.Loading())
+    if (!t.EndBlock())
         return;
     FKeys.SetValues(k);
     FDataBase.SetValues(d);

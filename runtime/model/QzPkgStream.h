@@ -19,6 +19,26 @@ public:
     explicit TQzPkgTransfer(TReader& reader) : FReader(&reader) {}
 
     bool Loading() const { return FReader != nullptr; }
+
+    // A package's block begins (its content header) and ends (before its
+    // kind commits what it read). Inner packages (the language's strings,
+    // the display's images) are blocks inside their owner's. EndBlock says
+    // whether to commit: only when loading, and only once the outermost
+    // block has taken every byte, since bytes left over mean a block this
+    // program misread, and refusing it after the commit would be too late.
+    void BeginBlock()
+    {
+        if (FReader)
+            ++FOpenBlocks;
+    }
+    bool EndBlock()
+    {
+        if (!FReader)
+            return false;
+        if (--FOpenBlocks == 0 && !FReader->AtEnd())
+            FReader->Error("Unexpected data after the package contents");
+        return true;
+    }
     TReader& Reader() const { return *FReader; }
     TWriter& Writer() const { return *FWriter; }
 
@@ -144,4 +164,5 @@ private:
 
     TWriter* FWriter = nullptr;
     TReader* FReader = nullptr;
+    int FOpenBlocks = 0;
 };

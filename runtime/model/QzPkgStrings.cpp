@@ -194,7 +194,7 @@ void TQzPkgStrings::Transfer(TQzPkgTransfer& t)
     TransferItems(t, FLabels, labels);
     TransferItems(t, FMessages, messages);
     TransferItems(t, FTexts, texts);
-    if (!t.Loading())
+    if (!t.EndBlock())
         return;
     FLabels.TakeItems(labels);
     FMessages.TakeItems(messages);

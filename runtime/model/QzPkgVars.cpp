@@ -477,6 +477,7 @@ void TQzPkgVars::Transfer(TQzPkgTransfer& t)
     std::vector<TQzPkgVarsItem*> items;
     try {
         TransferItems(t, nullptr, items, 1);
+        t.EndBlock();
     } catch (...) {
         FreeItems(items);
         throw;
