@@ -1,5 +1,8 @@
 #include "design/strings/QzStringsReg.h"
 
+#include "design/strings/Qzvtmemorylabeladdmultiline.h"
+
 void RegisterStringsWindows()
 {
+    RegisterQzvtmultiline();
 }
