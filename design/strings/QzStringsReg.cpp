@@ -1,8 +1,14 @@
 #include "design/strings/QzStringsReg.h"
 
+#include "design/strings/Qzvtmemorylabel.h"
 #include "design/strings/Qzvtmemorylabeladdmultiline.h"
+#include "design/strings/Qzvtmemorymessage.h"
+#include "design/strings/Qzvtmemorytext.h"
 
 void RegisterStringsWindows()
 {
+    RegisterQzvtmemorylabel();
+    RegisterQzvtmemorymessage();
+    RegisterQzvtmemorytext();
     RegisterQzvtmultiline();
 }

@@ -16,7 +16,6 @@ TFrMemoryLabelAdd::TFrMemoryLabelAdd(QWidget* parent) : TQzMemoryItemAdd(TQzMemo
     RememberBounds(&ResizeInfo);
     Bind(EdId, EdProtected, BtOk, BtCancel);
     connect(SBEdit, &QToolButton::clicked, this, &TFrMemoryLabelAdd::SBEditClick);
-    connect(EdLabel, &QLineEdit::textEdited, this, [this](const QString& text) { FText = QzAnsiString(text); });
 }
 
 void TFrMemoryLabelAdd::ShowFields(const TQzMemoryItemFields& fields)
@@ -28,14 +27,17 @@ void TFrMemoryLabelAdd::ShowFields(const TQzMemoryItemFields& fields)
 
 void TFrMemoryLabelAdd::ReadFields(TQzMemoryItemFields& fields) const
 {
-    fields.Text = FText;
+    // The edit shows the text as last set unless the user typed another.
+    fields.Text = EdLabel->text() == QzQString(FText) ? FText : QzAnsiString(EdLabel->text());
     fields.Hint = QzAnsiString(EdHint->text());
 }
 
 void TFrMemoryLabelAdd::SBEditClick()
 {
     TFrMemoryLabelAddMultiLine memo(this);
-    QzSetMemoText(memo.Memo, FText);
+    TQzMemoryItemFields fields;
+    ReadFields(fields);
+    QzSetMemoText(memo.Memo, fields.Text);
     if (memo.Execute() != mrOk)
         return;
     FText = QzMemoText(memo.Memo);

@@ -21,7 +21,7 @@ protected:
     QWidget* TextControl() const override { return EdLabel; }
 
 private:
-    // The label text as last set: a line edit cannot hold the line breaks a
-    // text from the multi-line memo may have.
+    // The label text as last set: a line edit may not keep the line breaks
+    // a text from the multi-line memo has.
     AnsiString FText;
 };

@@ -1,0 +1,263 @@
+// The memory label, message and text editors and their Add dialogs driven as
+// a user drives them: where they open, what Ok, N&ull, De&fault and Cancel
+// leave in the reference, items added, refused and deleted on the spot, and
+// the package's own file written when the editor closes.
+
+#include "design/reg/QzEditorDialogs.h"
+#include "design/strings/QzStringsReg.h"
+#include "design/strings/Qzvtmemorylabel.h"
+#include "design/strings/Qzvtmemorylabeladd.h"
+#include "design/strings/Qzvtmemorymessage.h"
+#include "design/strings/Qzvtmemorytext.h"
+#include "runtime/dialogs/QzStandardWindows.h"
+#include "runtime/files/QzPkgFiles.h"
+#include "runtime/model/QzApplication.h"
+#include "runtime/util/QzDesigner.h"
+
+#include "support/gui/QzModalDriver.h"
+#include "support/gui/QzTestApp.h"
+#include "support/gui/QzTestDialogs.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace {
+
+class MemoryWindows : public TQzGuiTest {
+protected:
+    void SetUp() override
+    {
+        RegisterQzStandardWindows();
+        RegisterQzPkgFileFormats();
+        RegisterStringsWindows();
+        FForm = std::make_unique<TComponent>(nullptr);
+        FApp = new TQzCApplication(FForm.get());
+        FPkg = new TQzPkgStrings(FForm.get());
+        FPkg->SetPkgName("MAIN");
+        FPkg->Labels()->Add(1, "Save", "Saves the file");
+        FPkg->Labels()->Add(2, "Open");
+        FPkg->Messages()->Add(3, "Really?");
+        FPkg->Texts()->Add(4, "Line one\r\nLine two");
+        FPrevious = SetQzDesignerModifiedHook([this](TComponent* c) { FModified.push_back(c); });
+    }
+    void TearDown() override { SetQzDesignerModifiedHook(FPrevious); }
+
+    template <class Editor>
+    TModalResult Run(TQzMemoryRef& ref, TQzModalDriver& driver)
+    {
+        Editor form;
+        form.SetMemory(&ref);
+        const TModalResult result = form.Execute();
+        EXPECT_TRUE(driver.Finished());
+        return result;
+    }
+
+    static TQzModalDriver::TStep Expect(const char* what, std::function<void(QWidget*)> check)
+    {
+        return [what, check](QWidget* w) {
+            SCOPED_TRACE(what);
+            check(w);
+        };
+    }
+    static QString Text(QWidget* w, const char* name) { return TQzModalDriver::Find<QLineEdit>(w, name)->text(); }
+
+    std::unique_ptr<TComponent> FForm;
+    TQzCApplication* FApp = nullptr;
+    TQzPkgStrings* FPkg = nullptr;   // owned by the form
+    std::vector<TComponent*> FModified;
+    TQzDesignerModifiedHook FPrevious;
+    TQzTestDialogs FDialogs;
+};
+
+TEST_F(MemoryWindows, NullAndDefaultStoreTheirIdsWhateverPackageIsChosen)
+{
+    const struct {
+        const char* Button;
+        const char* Pkg;
+        Integer Stored;
+    } cases[] = {{"BtNull", "MAIN", -1}, {"BtNull", "User", -1}, {"BtDefault", "MAIN", -2}, {"BtDefault", "Other", -2}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.Button) + " " + c.Pkg);
+        TQzMemoryLabel ref("MAIN", 2, true);
+        ref.PkgId("MAIN", 1);
+        TQzModalDriver driver;
+        driver.Then("package", [&](QWidget* w) { TQzModalDriver::Find<QComboBox>(w, "EdPkg")->setEditText(c.Pkg); })
+            .Click(c.Button);
+        EXPECT_EQ(Run<TFrMemoryLabel>(ref, driver), mrOk);
+        EXPECT_EQ(ref.Id(), c.Stored);
+        EXPECT_EQ(ref.PkgName(), c.Pkg);
+    }
+}
+
+TEST_F(MemoryWindows, OpensOnTheReferenceAndStoresTheChoiceOnlyOnOk)
+{
+    // No package named: "User" is chosen and, being listed, the Id box has the focus.
+    TQzMemoryMessage none;
+    TQzModalDriver driver;
+    driver
+        .Then("opened on User",
+              Expect("User", [](QWidget* w) {
+                  EXPECT_EQ(w->windowTitle(), "Messages");
+                  EXPECT_EQ(TQzModalDriver::Find<QComboBox>(w, "EdPkg")->currentText(), "User");
+                  EXPECT_EQ(w->focusWidget(), TQzModalDriver::Find<QLineEdit>(w, "EdId"));
+              }))
+        .Click("BtOk");
+    EXPECT_EQ(Run<TFrMemoryMessage>(none, driver), mrOk);
+    EXPECT_EQ(none.PkgName(), "User");
+    EXPECT_EQ(none.Id(), -1);
+
+    // The default package and Id chosen by hand are stored as the default.
+    TQzMemoryLabel ref("MAIN", 2, true);
+    ref.PkgId("MAIN", 1);
+    TQzModalDriver byHand;
+    byHand
+        .Then("opened on the reference",
+              Expect("start", [](QWidget* w) {
+                  EXPECT_EQ(Text(w, "EdId"), "1");
+                  EXPECT_EQ(TQzModalDriver::Find<QPlainTextEdit>(w, "EdHint")->toPlainText(), "Saves the file");
+              }))
+        .SetText("EdId", "2")
+        .Click("BtOk");
+    EXPECT_EQ(Run<TFrMemoryLabel>(ref, byHand), mrOk);
+    EXPECT_EQ(ref.Id(), -2);
+
+    // Cancel leaves the reference and the form alone.
+    TQzMemoryText text;
+    text.PkgId("MAIN", 4);
+    TQzModalDriver cancel;
+    cancel.Then("whole text shown", Expect("text", [](QWidget* w) {
+                    EXPECT_EQ(TQzModalDriver::Find<QPlainTextEdit>(w, "EdTexto")->toPlainText(), "Line one\nLine two");
+                }))
+        .Then("package", [](QWidget* w) { TQzModalDriver::Find<QComboBox>(w, "EdPkg")->setEditText("User"); })
+        .Click("BtCancel");
+    EXPECT_EQ(Run<TFrMemoryText>(text, cancel), mrCancel);
+    EXPECT_EQ(text.PkgName(), "MAIN");
+    EXPECT_EQ(text.Id(), 4);
+    EXPECT_TRUE(FModified.empty());
+}
+
+TEST_F(MemoryWindows, SearchMovesToTheLabelAndWritesItsId)
+{
+    TQzMemoryLabel ref;
+    ref.PkgId("MAIN", -1);
+    TQzModalDriver driver;
+    driver.Type("EdLabel", "sa")
+        .Then("Save found", Expect("search", [](QWidget* w) { EXPECT_EQ(Text(w, "EdId"), "1"); }))
+        .Click("BtOk");
+    EXPECT_EQ(Run<TFrMemoryLabel>(ref, driver), mrOk);
+    EXPECT_EQ(ref.Id(), 1);
+}
+
+TEST_F(MemoryWindows, ItemsAddedAndDeletedOnTheChosenPackageMarkItsForm)
+{
+    TQzMemoryLabel ref;
+    ref.PkgId("MAIN", 1);
+    TQzModalDriver driver;
+    driver.Click("BtAdd")
+        .Then("the Add dialog", Expect("add", [](QWidget* w) {
+                  EXPECT_EQ(w->windowTitle(), "Add Label");
+                  EXPECT_EQ(Text(w, "EdId"), "0");
+                  EXPECT_FALSE(TQzModalDriver::Find<QCheckBox>(w, "EdProtected")->isVisible());
+              }))
+        .SetText("EdLabel", "Close")
+        .Click("BtOk")
+        .Then("the new label chosen", Expect("added", [](QWidget* w) { EXPECT_EQ(Text(w, "EdId"), "0"); }))
+        .Then("answer", [this](QWidget*) { FDialogs->AnswerMessage(mbYes); })
+        .SetText("EdId", "2")
+        .Click("BtDelete")
+        .Click("BtOk");
+    EXPECT_EQ(Run<TFrMemoryLabel>(ref, driver), mrOk);
+    ASSERT_NE(FPkg->Labels()->FindId(0), nullptr);
+    EXPECT_EQ(FPkg->Labels()->FindId(0)->Text(), "Close");
+    EXPECT_EQ(FPkg->Labels()->FindId(2), nullptr);
+    EXPECT_EQ(FModified, (std::vector<TComponent*>{FForm.get(), FForm.get()}));
+    // The row left after the delete is the one now at that place (Save).
+    EXPECT_EQ(ref.Id(), 1);
+}
+
+TEST_F(MemoryWindows, AddDialogKeepsItselfOpenOnARefusedIdAndShowsProtectedForSystemOnly)
+{
+    TFrMemoryLabelAdd add;
+    add.setWindowTitle("Add Label");
+    FDialogs->AnswerMessage(mbOK);
+    TQzModalDriver driver;
+    driver.SetText("EdId", "2")
+        .SetText("EdLabel", "Twice")
+        .Click("BtOk")
+        .Then("still open", Expect("refused", [this](QWidget* w) {
+                  EXPECT_EQ(w->windowTitle(), "Add Label");
+                  EXPECT_EQ(FPkg->Labels()->Count(), 2);
+                  EXPECT_EQ(FPkg->Labels()->FindId(2)->Text(), "Open");
+              }))
+        .SetText("EdId", "7")
+        .Click("SBEdit")
+        .Then("the memo", [](QWidget* w) {
+            EXPECT_EQ(w->windowTitle(), "Label MultiLine");
+            auto* memo = TQzModalDriver::Find<QPlainTextEdit>(w, "Memo");
+            EXPECT_EQ(memo->toPlainText(), "Twice");
+            memo->setPlainText("Two\nlines");
+        })
+        .Click("BtOk")
+        .Click("BtOk");
+    EXPECT_EQ(add.Execute(FPkg, false, 0), 1);
+    EXPECT_EQ(FPkg->Labels()->FindId(7)->Text(), "Two\r\nlines");
+    EXPECT_EQ(FDialogs->Calls().size(), 1u);
+
+    for (const char* name : {"System", "system", "MAIN"}) {
+        SCOPED_TRACE(name);
+        TQzPkgStrings pkg(nullptr);
+        pkg.SetPkgName(name);
+        const bool shown = SameText(name, "System");
+        TFrMemoryLabelAdd dialog;
+        TQzModalDriver check;
+        check.Then("Protected", Expect(name, [shown](QWidget* w) {
+                         EXPECT_EQ(TQzModalDriver::Find<QCheckBox>(w, "EdProtected")->isVisible(), shown);
+                     }))
+            .Click("BtCancel");
+        EXPECT_EQ(dialog.Execute(&pkg, false, 0), 0);
+    }
+}
+
+TEST_F(MemoryWindows, APackageInItsOwnFileIsWrittenWhenTheEditorCloses)
+{
+    QTemporaryDir dir;
+    const AnsiString file = dir.filePath("main.pst").toStdString();
+    FPkg->SetInitMode(imFile);
+    FPkg->SetFileName(file);
+    TQzMemoryLabel ref;
+    ref.PkgId("MAIN", 1);
+    TQzModalDriver driver;
+    driver.Click("BtAdd").SetText("EdLabel", "Print").Click("BtOk").Click("BtCancel");
+    EXPECT_EQ(Run<TFrMemoryLabel>(ref, driver), mrCancel);
+    // Written, and the form not told: the package is not in it.
+    TQzPkgStrings copy(nullptr);
+    copy.LoadFromFile(file);
+    EXPECT_EQ(copy.Labels()->FindId(0)->Text(), "Print");
+    EXPECT_TRUE(FModified.empty());
+}
+
+TEST_F(MemoryWindows, ManagerOpensOnTheChosenPackageAndId)
+{
+    std::vector<TQzEditorDialogRequest> seen;
+    TQzEditorDialogScope manager(TQzEditorDialog::Manager, [&](TQzEditorDialogRequest& r) {
+        seen.push_back(r);
+        return 1;
+    });
+    TQzMemoryText ref;
+    ref.PkgId("MAIN", 4);
+    TQzModalDriver driver;
+    driver.Click("BtManager").Click("BtCancel");
+    EXPECT_EQ(Run<TFrMemoryText>(ref, driver), mrCancel);
+    ASSERT_EQ(seen.size(), 1u);
+    EXPECT_EQ(seen[0].Kind, static_cast<int>(TQzDlgManager::Texts));
+    EXPECT_EQ(seen[0].PkgName, "MAIN");
+    EXPECT_EQ(seen[0].Value, "4");
+}
+
+}  // namespace
