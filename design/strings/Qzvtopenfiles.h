@@ -16,6 +16,7 @@ public:
 
     // Shows the files of folder that match mask; returns mrOk when a file
     // was chosen, its full name then in FileName().
+    using TQzDialog::Execute;
     TModalResult Execute(const AnsiString& folder, const AnsiString& mask);
     const AnsiString& FileName() const { return FFileName; }
 
