@@ -103,6 +103,7 @@ TEST_F(ReferenceEditors, WithoutAnApplicationOrAWindowNothingChanges)
 {
     TQzTestDialogs dialogs;
     dialogs->AnswerMessage(mbOK);
+    TQzEditorDialogScope missing(TQzEditorDialog::MemoryText, {});
     On<TQzMemoryTextPropertyEditor>("Text", {"H1", "H2"})->Edit();
     ASSERT_EQ(dialogs->Calls().size(), 1u);
     EXPECT_EQ(dialogs->Calls()[0].Message.Text, "The memory text editor (TFrMemoryText) is not available yet.");
