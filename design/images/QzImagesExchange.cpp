@@ -229,12 +229,11 @@ TQzImagesExchangeReport QzImportImages(TQzPkgImages& package, const AnsiString& 
         }
         TQzPkgImagesImage* target = images.FindId(id);
         // Without a manifest, a replaced image keeps its protection.
-        const bool keepProtection = target && !manifested;
+        const bool isProtected = target && !manifested ? target->Protected() : row.Protected;
         if (!target)
             target = images.Add(id);
         target->Assign(picture);
-        if (!keepProtection)
-            target->SetProtected(row.Protected);
+        target->SetProtected(isProtected);
         row.Id = id;
         row.Width = picture->Width();
         row.Height = picture->Height();
