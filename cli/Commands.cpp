@@ -5,7 +5,8 @@
 
 namespace {
 
-// A command runs here (Run set) or from the design commands' module.
+// A command runs here (Run set) or from the design commands' module. One
+// without a synopsis is an older name kept working but not listed.
 struct TCommand {
     const char* Name;
     const char* Synopsis;
@@ -19,10 +20,12 @@ const TCommand Commands[] = {
 #ifdef QZ_CLI_DESIGN
     {"registrations", "registrations\n"
                       "      Lists the design package's registration calls, one a line.\n", nullptr},
-    {"info", "info FILE\n"
-             "      Shows a package file's kind, description and item counts.\n", nullptr},
-    {"dump", "dump FILE\n"
-             "      Prints a package file's items as text, one a line.\n", nullptr},
+    {"pkg", "pkg info|dump FILE\n"
+            "      Shows a package file's kind, description and item counts, or its items.\n"
+            "  pkg convert FROM TO [--component NAME]\n"
+            "      Moves a package between a form and a package file.\n", nullptr},
+    {"info", nullptr, nullptr},
+    {"dump", nullptr, nullptr},
     {"classes", "classes [--markdown] [CLASS ...]\n"
                 "      Lists the runtime's component classes, or the properties of some.\n", nullptr},
     {"refs", "refs scan|count|replace|clean PROJECT --kind KIND [options]\n"
@@ -34,6 +37,8 @@ void PrintUsage(std::FILE* to)
 {
     std::fputs("Usage: qzpkg COMMAND [OPTIONS] ARGUMENTS\n\nCommands:\n", to);
     for (const TCommand& c : Commands) {
+        if (!c.Synopsis)
+            continue;
         std::fputs("  ", to);
         std::fputs(c.Synopsis, to);
     }

@@ -12,6 +12,7 @@ extern "C" __attribute__((visibility("default"))) const TDesignCommand* QzpkgDes
 {
     static const TDesignCommand commands[] = {
         {"registrations", RunRegistrations},
+        {"pkg", RunPackage},
         {"info", RunPackageInfo},
         {"dump", RunPackageDump},
         {"classes", RunClasses},

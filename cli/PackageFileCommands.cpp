@@ -1,24 +1,35 @@
 #include "cli/PackageFileCommands.h"
 
+#include "cli/PackageConvertCommand.h"
+#include "cli/PackageKinds.h"
+
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzRegistry.h"
 #include "runtime/util/QzNumeric.h"
 
 #include <functional>
-#include <memory>
 
 namespace {
 
 const char* const InfoUsage =
-    "Usage: qzpkg info FILE\n"
+    "Usage: qzpkg pkg info FILE\n"
     "\n"
     "Shows the kind of the package file FILE (Strings, Images, Vars, Access,\n"
     "Display, Language or Setup), its description and how many items of each\n"
     "sort it holds, one \"Name: value\" a line.\n";
 
+const char* const PackageUsage =
+    "Usage: qzpkg pkg info|dump|convert ...\n"
+    "\n"
+    "  info FILE                            a package file's kind, description and counts\n"
+    "  dump FILE                            a package file's items, one a line\n"
+    "  convert FROM TO [--component NAME]   a package between a form and a package file\n"
+    "\n"
+    "Run 'qzpkg pkg info|dump|convert --help' for more.\n";
+
 const char* const DumpUsage =
-    "Usage: qzpkg dump FILE\n"
+    "Usage: qzpkg pkg dump FILE\n"
     "\n"
     "Prints the contents of the package file FILE, one item a line, its fields\n"
     "separated by tabs:\n"
@@ -32,33 +43,13 @@ const char* const DumpUsage =
     "Tabs, line breaks and backslashes inside a field are written \\t, \\n,\n"
     "\\r and \\\\.\n";
 
-// The kinds of package file and the package class that reads each.
-struct TKind {
-    const char* Name;
-    std::function<std::unique_ptr<TQzPkgInfo>()> Create;
-};
-
-const std::vector<TKind>& Kinds()
-{
-    static const std::vector<TKind> kinds = {
-        {QzPkgKindStrings, [] { return std::make_unique<TQzPkgStrings>(nullptr); }},
-        {QzPkgKindImages, [] { return std::make_unique<TQzPkgImages>(nullptr); }},
-        {QzPkgKindVars, [] { return std::make_unique<TQzPkgVars>(nullptr); }},
-        {QzPkgKindAccess, [] { return std::make_unique<TQzPkgPrivileges>(nullptr); }},
-        {QzPkgKindDisplay, [] { return std::make_unique<TQzPkgDisplay>(nullptr); }},
-        {QzPkgKindLanguage, [] { return std::make_unique<TQzPkgLanguage>(nullptr); }},
-        {QzPkgKindSetup, [] { return std::make_unique<TQzPkgSetup>(nullptr); }},
-    };
-    return kinds;
-}
-
 // The kind whose header the file has. A damaged or foreign file fails the
 // same way whatever kind is asked for; a file that fails differently for
 // each kind is a package of a kind this program does not know.
-const TKind& KindOf(const AnsiString& fileName)
+const TQzPkgFileKind& KindOf(const AnsiString& fileName)
 {
     std::vector<AnsiString> problems;
-    for (const TKind& kind : Kinds()) {
+    for (const TQzPkgFileKind& kind : QzPkgFileKinds()) {
         try {
             QzReadPkgFileHeader(fileName, kind.Name);
             return kind;
@@ -73,7 +64,7 @@ const TKind& KindOf(const AnsiString& fileName)
 }
 
 struct TLoaded {
-    const TKind* Kind = nullptr;
+    const TQzPkgFileKind* Kind = nullptr;
     std::unique_ptr<TQzPkgInfo> Package;
 };
 
@@ -372,7 +363,7 @@ int RunOnFile(const char* command, const char* usage, const std::vector<std::str
 
 int RunPackageInfo(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
 {
-    return RunOnFile("info", InfoUsage, args, out, err, [&](const TLoaded& loaded, std::FILE* to) {
+    return RunOnFile("pkg info", InfoUsage, args, out, err, [&](const TLoaded& loaded, std::FILE* to) {
         std::fprintf(to, "File: %s\n", args[0].c_str());
         std::fprintf(to, "Kind: %s\n", loaded.Kind->Name);
         std::fprintf(to, "Description: %s\n", Escaped(loaded.Package->Description()).c_str());
@@ -383,8 +374,28 @@ int RunPackageInfo(const std::vector<std::string>& args, std::FILE* out, std::FI
 
 int RunPackageDump(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
 {
-    return RunOnFile("dump", DumpUsage, args, out, err, [](const TLoaded& loaded, std::FILE* to) {
+    return RunOnFile("pkg dump", DumpUsage, args, out, err, [](const TLoaded& loaded, std::FILE* to) {
         TLines lines(to);
         Dump(lines, *loaded.Package);
     });
+}
+
+int RunPackage(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
+{
+    const struct {
+        const char* Name;
+        int (*Run)(const std::vector<std::string>&, std::FILE*, std::FILE*);
+    } commands[] = {{"info", RunPackageInfo}, {"dump", RunPackageDump}, {"convert", RunPackageConvert}};
+    if (!args.empty() && (args[0] == "--help" || args[0] == "-h")) {
+        std::fputs(PackageUsage, out);
+        return 0;
+    }
+    for (const auto& c : commands)
+        if (!args.empty() && args[0] == c.Name)
+            return c.Run(std::vector<std::string>(args.begin() + 1, args.end()), out, err);
+    if (args.empty())
+        std::fprintf(err, "qzpkg pkg: info, dump or convert is needed\n\n%s", PackageUsage);
+    else
+        std::fprintf(err, "qzpkg pkg: unknown command '%s'\n\n%s", args[0].c_str(), PackageUsage);
+    return 1;
 }

@@ -56,9 +56,9 @@ protected:
 TEST_F(PackageFileCommands, StringsShowTheirCountsAndEveryItemOnALineWithAwkwardTextsEscaped)
 {
     const std::string file = StringsFile();
-    EXPECT_EQ(Qzpkg({"info", file}).Out,
+    EXPECT_EQ(Qzpkg({"pkg", "info", file}).Out,
               "File: " + file + "\nKind: Strings\nDescription: Main texts\nLabels: 2\nMessages: 1\nTexts: 1\n");
-    EXPECT_EQ(Qzpkg({"dump", file}).Out,
+    EXPECT_EQ(Qzpkg({"pkg", "dump", file}).Out,
               "label\t1\tSave\tSaves the file\n"
               "label\t2\tTab\\there\t\n"
               "message\t5\tLine one\\r\\nLine two\n"
@@ -110,11 +110,11 @@ TEST_F(PackageFileCommands, EveryKindIsRecognisedAndDumped)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Kind);
         const std::string file = Save(*c.Package, c.File);
-        const TQzpkgRun info = Qzpkg({"info", file});
+        const TQzpkgRun info = Qzpkg({"pkg", "info", file});
         ASSERT_EQ(info.Code, 0) << info.Err;
         EXPECT_EQ(info.Out, "File: " + file + "\nKind: " + c.Kind + "\nDescription: " +
                                 c.Package->Description() + "\n" + c.Counts);
-        const TQzpkgRun dump = Qzpkg({"dump", file});
+        const TQzpkgRun dump = Qzpkg({"pkg", "dump", file});
         ASSERT_EQ(dump.Code, 0) << dump.Err;
         std::size_t from = 0;
         for (const std::string& line : c.Lines) {
@@ -145,7 +145,7 @@ TEST_F(PackageFileCommands, BadFilesAreRefusedNamingTheFile)
     };
     for (const auto& c : cases) {
         for (const char* command : {"info", "dump"}) {
-            const TQzpkgRun run = Qzpkg({command, c.File});
+            const TQzpkgRun run = Qzpkg({"pkg", command, c.File});
             EXPECT_EQ(run.Code, 1) << command << " " << c.File;
             EXPECT_EQ(run.Out, "");
             EXPECT_NE(run.Err.find(c.File), std::string::npos) << run.Err;
@@ -154,13 +154,17 @@ TEST_F(PackageFileCommands, BadFilesAreRefusedNamingTheFile)
     }
 }
 
-TEST_F(PackageFileCommands, TheCommandsTakeExactlyOneFile)
+TEST_F(PackageFileCommands, TheCommandsTakeExactlyOneFileAndTheirOldNamesStillRun)
 {
-    for (const char* command : {"info", "dump"}) {
-        EXPECT_EQ(Qzpkg({command}).Code, 1);
-        EXPECT_EQ(Qzpkg({command, "a", "b"}).Code, 1);
-        EXPECT_NE(Qzpkg({command, "--help"}).Out.find(std::string("Usage: qzpkg ") + command + " FILE"), std::string::npos);
+    const std::string file = StringsFile();
+    for (const std::string command : {"info", "dump"}) {
+        EXPECT_EQ(Qzpkg({"pkg", command}).Code, 1);
+        EXPECT_EQ(Qzpkg({"pkg", command, "a", "b"}).Code, 1);
+        EXPECT_NE(Qzpkg({"pkg", command, "--help"}).Out.find("Usage: qzpkg pkg " + command + " FILE"), std::string::npos);
+        EXPECT_EQ(Qzpkg({command, file}).Out, Qzpkg({"pkg", command, file}).Out);
+        EXPECT_EQ(Qzpkg({"--help"}).Out.find("  " + command + " FILE"), std::string::npos) << "listed";
     }
+    EXPECT_EQ(Qzpkg({"pkg", "nonsense"}).Code, 1);
 }
 
 }  // namespace
