@@ -30,6 +30,10 @@ const TCommand Commands[] = {
                 "      Lists the runtime's component classes, or the properties of some.\n", nullptr},
     {"refs", "refs scan|count|replace|clean PROJECT --kind KIND [options]\n"
              "      Finds, counts, replaces or clears the forms' references to packages.\n", nullptr},
+    {"images", "images export SOURCE DIR | images import DIR PACKAGE\n"
+               "      Writes an images package's pictures to PNG files, or reads pictures into one.\n", nullptr},
+    {"strings", "strings export|import|check PACKAGE [options] [FILE]\n"
+                "      Exchanges a strings package with translators' tools (PO, XLIFF, CSV), or checks it.\n", nullptr},
 #endif
 };
 

@@ -4,9 +4,11 @@
 #include "cli/DesignCommands.h"
 
 #include "cli/ClassesCommand.h"
+#include "cli/ImagesCommand.h"
 #include "cli/PackageFileCommands.h"
 #include "cli/RefsCommand.h"
 #include "cli/RegistrationsCommand.h"
+#include "cli/StringsCommand.h"
 
 extern "C" __attribute__((visibility("default"))) const TDesignCommand* QzpkgDesignCommands()
 {
@@ -17,6 +19,8 @@ extern "C" __attribute__((visibility("default"))) const TDesignCommand* QzpkgDes
         {"dump", RunPackageDump},
         {"classes", RunClasses},
         {"refs", RunRefs},
+        {"strings", RunStrings},
+        {"images", RunImages},
         {nullptr, nullptr},
     };
     return commands;
