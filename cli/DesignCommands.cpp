@@ -8,7 +8,6 @@
 #include "cli/PackageFileCommands.h"
 #include "cli/RefsCommand.h"
 #include "cli/RegistrationsCommand.h"
-#include "cli/StringsCommand.h"
 
 extern "C" __attribute__((visibility("default"))) const TDesignCommand* QzpkgDesignCommands()
 {
@@ -19,7 +18,6 @@ extern "C" __attribute__((visibility("default"))) const TDesignCommand* QzpkgDes
         {"dump", RunPackageDump},
         {"classes", RunClasses},
         {"refs", RunRefs},
-        {"strings", RunStrings},
         {"images", RunImages},
         {nullptr, nullptr},
     };
