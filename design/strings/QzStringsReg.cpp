@@ -4,6 +4,7 @@
 #include "design/strings/Qzvtmemorylabeladdmultiline.h"
 #include "design/strings/Qzvtmemorymessage.h"
 #include "design/strings/Qzvtmemorytext.h"
+#include "design/strings/Qzvtpkgstrings.h"
 
 void RegisterStringsWindows()
 {
@@ -11,4 +12,5 @@ void RegisterStringsWindows()
     RegisterQzvtmemorymessage();
     RegisterQzvtmemorytext();
     RegisterQzvtmultiline();
+    RegisterQzvtpkgstrings();
 }
