@@ -1,5 +1,6 @@
 #include "design/settings/Qzvtpkgvars.h"
 
+#include "design/manager/Qzvtpkgloadsave.h"
 #include "design/reg/QzEditorDialogs.h"
 #include "design/settings/QzPkgVarsListModel.h"
 #include "design/settings/Qzvtfinddialog.h"
@@ -545,17 +546,10 @@ TQzFileRequest TFrPkgVars::FileRequest(const AnsiString& title)
     return request;
 }
 
-// Without the package load and save dialog, Load and Save ask for a file:
-// Load reads it and keeps the package where it lives, Save writes it and
-// keeps the package in that file from then on.
 void TFrPkgVars::Load2Click()
 {
     UpdateFile();
-    TQzFileRequest request = FileRequest("Load");
-    const AnsiString name = QzOpenFile(request);
-    if (name.empty())
-        return;
-    if (!QzRunReportingErrors(this, [&] { FPackage->LoadFileEx(name, FPackage->InitMode()); }))
+    if (!QzExecutePkgLoadSave(FPackage, TQzLoadSave::Load, this))
         return;
     ChangeState();
     LoadFullTree();
@@ -565,12 +559,7 @@ void TFrPkgVars::Load2Click()
 void TFrPkgVars::Save2Click()
 {
     UpdateFile();
-    TQzFileRequest request = FileRequest("Save");
-    request.FileName = FPackage->FileName();
-    const AnsiString name = QzSaveFile(request);
-    if (name.empty())
-        return;
-    if (!QzRunReportingErrors(this, [&] { FPackage->SaveFileEx(name, imFile); }))
+    if (!QzExecutePkgLoadSave(FPackage, TQzLoadSave::Save, this))
         return;
     ChangeState();
     Modified();
