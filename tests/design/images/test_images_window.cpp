@@ -1,0 +1,312 @@
+// The images editor and the import window driven as a user drives them:
+// finding by Id, deleting and clearing, protection in the "System" package,
+// refused files, the printed report, and an import that fills free Ids.
+
+#include "design/images/Qzvtimportimages.h"
+#include "design/images/Qzvtpkgimages.h"
+#include "runtime/dialogs/QzStandardWindows.h"
+#include "runtime/files/QzPkgFiles.h"
+#include "runtime/model/QzApplication.h"
+#include "runtime/pictures/QzPicture.h"
+#include "runtime/util/QzDesigner.h"
+
+#include "support/gui/QzModalDriver.h"
+#include "support/gui/QzTestApp.h"
+#include "support/gui/QzTestDialogs.h"
+
+#include <QAction>
+#include <QBuffer>
+#include <QFile>
+#include <QLineEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QStandardPaths>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+std::string Png(int side)
+{
+    QImage picture(side, side, QImage::Format_RGB32);
+    picture.fill(qRgb(side * 3 % 256, 90, 200));
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    picture.save(&buffer, "PNG");
+    return bytes.toStdString();
+}
+
+void Fill(TQzPkgImages& package, std::initializer_list<Integer> ids)
+{
+    for (Integer id : ids)
+        TQzPicture(package.Images()->Add(id)).LoadFromBytes(Png(8 + id), "test.png");
+}
+
+std::vector<Integer> Ids(const TQzPkgImages& package)
+{
+    std::vector<Integer> ids;
+    for (const TQzPkgImagesImage* image : QzImagesSorted(package))
+        ids.push_back(image->Id());
+    return ids;
+}
+
+TFrPkgImages* Editor(QWidget* w)
+{
+    auto* form = qobject_cast<TFrPkgImages*>(w);
+    if (!form)
+        throw TQzDriverError("the images editor is not the active window");
+    return form;
+}
+
+QString Status(QWidget* w)
+{
+    return TQzModalDriver::Find<QStatusBar>(w, "StatusBar1")->currentMessage();
+}
+
+class ImagesWindow : public TQzGuiTest {
+protected:
+    void SetUp() override
+    {
+        RegisterQzStandardWindows();
+        RegisterQzPkgFileFormats();
+        FForm = std::make_unique<TComponent>(nullptr);
+        FPackage = new TQzPkgImages(FForm.get());
+        FPackage->SetPkgName("Icons");
+        Fill(*FPackage, {12, 3, 7});
+        FPrevious = SetQzDesignerModifiedHook([this](TComponent* owner) {
+            EXPECT_EQ(owner, FForm.get());
+            ++FModified;
+        });
+    }
+    void TearDown() override { SetQzDesignerModifiedHook(FPrevious); }
+
+    TModalResult Run(TQzModalDriver& driver, TQzPkgImages* package = nullptr)
+    {
+        TFrPkgImages form;
+        form.SetPackage(package ? package : FPackage);
+        const TModalResult result = form.Execute();
+        EXPECT_TRUE(driver.Finished());
+        return result;
+    }
+
+    QString Path(const char* name) const { return FDir.filePath(name); }
+
+    std::unique_ptr<TComponent> FForm;
+    TQzPkgImages* FPackage = nullptr;  // owned by the form
+    int FModified = 0;
+    TQzDesignerModifiedHook FPrevious;
+    QTemporaryDir FDir;
+};
+
+TEST_F(ImagesWindow, TypingAnIdSelectsItsImageAndAClickWritesTheId)
+{
+    TQzModalDriver driver;
+    driver.Type("EdId", "7")
+        .Then("the typed Id is selected",
+              [](QWidget* w) {
+                  EXPECT_EQ(w->windowTitle(), "Package : Icons");
+                  EXPECT_EQ(Status(w).left(9), "3 Images ");
+                  ASSERT_NE(Editor(w)->Images->SelectedImage(), nullptr);
+                  EXPECT_EQ(Editor(w)->Images->SelectedImage()->Id(), 7);
+                  EXPECT_TRUE(Editor(w)->BtModify->isEnabled());
+              })
+        .Type("EdId", "5")
+        .Then("an Id no image has selects nothing",
+              [](QWidget* w) {
+                  EXPECT_EQ(Editor(w)->Images->SelectedRow(), -1);
+                  EXPECT_FALSE(Editor(w)->BtModify->isEnabled());
+                  EXPECT_FALSE(Editor(w)->BtDelete->isEnabled());
+              })
+        .Then("a click on the last cell",
+              [](QWidget* w) {
+                  TFrPkgImages* form = Editor(w);
+                  const QRect cell = form->Images->visualRect(form->Images->GridModel()->index(2));
+                  QTest::mouseClick(form->Images->viewport(), Qt::LeftButton, {}, cell.center());
+                  EXPECT_EQ(form->EdId->text(), "12");
+                  EXPECT_TRUE(form->BtDelete->isEnabled());
+              })
+        .Click("BtOk");
+    EXPECT_EQ(Run(driver), mrOk);
+}
+
+TEST_F(ImagesWindow, DeletingAsksAndPassesTheSelectionOnThenClearAllEmptiesThePackage)
+{
+    TQzTestDialogs dialogs;
+    dialogs->AnswerMessage(mbCancel).AnswerMessage(mbOK).AnswerMessage(mbOK).AnswerMessage(mbOK);
+    TQzModalDriver driver;
+    driver.Type("EdId", "12")
+        .Click("BtDelete")
+        .Then("a cancelled delete keeps the image", [this](QWidget*) { EXPECT_EQ(Ids(*FPackage), (std::vector<Integer>{3, 7, 12})); })
+        .Click("BtDelete")
+        .Then("the new last row is selected",
+              [this](QWidget* w) {
+                  EXPECT_EQ(Ids(*FPackage), (std::vector<Integer>{3, 7}));
+                  EXPECT_EQ(Editor(w)->EdId->text(), "7");
+                  EXPECT_EQ(Editor(w)->Images->SelectedImage()->Id(), 7);
+                  EXPECT_EQ(Status(w).left(9), "2 Images ");
+              })
+        .Then("the manager removes an image",
+              [this](QWidget* w) {
+                  Editor(w)->DeleteItem(FPackage->Images()->FindId(3));
+                  EXPECT_EQ(Ids(*FPackage), std::vector<Integer>{7});
+              })
+        .Click("BtDelete")
+        .Then("deleting the only row leaves the Id box empty",
+              [](QWidget* w) {
+                  EXPECT_EQ(Editor(w)->EdId->text(), "");
+                  EXPECT_EQ(Status(w), "0 Images (0 Bytes) ");
+              })
+        .Then("refill", [this](QWidget*) { Fill(*FPackage, {1, 2}); })
+        .Click("BtClear")
+        .Then("three deletes and the clear are marked", [this](QWidget*) { EXPECT_EQ(FModified, 4); })
+        .Click("BtOk");
+    Run(driver);
+    EXPECT_TRUE(FPackage->Images()->Count() == 0);
+    const auto asked = dialogs->CallsOf(TQzDialogKind::Message);
+    ASSERT_EQ(asked.size(), 4u);
+    EXPECT_EQ(asked[3].Message.DefaultButton, mbCancel) << "clearing defaults to Cancel";
+}
+
+TEST_F(ImagesWindow, ProtectionIsOfferedOnlyInTheSystemPackageAndOnlyChangedWhileAllowed)
+{
+    auto* app = new TQzCApplication(FForm.get());
+    auto* system = new TQzPkgImages(FForm.get());
+    app->SetSystemEdit(true);
+    system->SetPkgName("System");
+    Fill(*system, {1, 2});
+    app->SetSystemEdit(false);
+    const auto protectedCount = [system] {
+        int n = 0;
+        for (const TQzPkgImagesImage* image : QzImagesSorted(*system))
+            n += image->Protected();
+        return n;
+    };
+
+    const struct {
+        TQzPkgImages* Package;
+        bool SystemEdit, Shown, Editable;
+    } cases[] = {
+        {FPackage, false, false, true},
+        {system, false, true, false},
+        {system, true, true, true},
+    };
+    for (const auto& c : cases) {
+        app->SetSystemEdit(c.SystemEdit);
+        TQzModalDriver driver;
+        driver
+            .Then("states",
+                  [&c](QWidget* w) {
+                      TFrPkgImages* form = Editor(w);
+                      EXPECT_EQ(form->MnProtected->isVisible(), c.Shown);
+                      EXPECT_EQ(form->MnProtectAllImages->isVisible(), c.Shown);
+                      EXPECT_EQ(form->MnProtectAllImages->isEnabled(), c.SystemEdit);
+                      EXPECT_EQ(form->BtAdd->isEnabled(), c.Editable);
+                      EXPECT_EQ(form->BtClear->isEnabled(), c.Editable);
+                      EXPECT_EQ(form->BtLoadFrom->isEnabled(), c.Editable);
+                      EXPECT_EQ(form->MnImport->isEnabled(), c.Editable);
+                      if (c.Shown && c.SystemEdit)
+                          form->MnProtectAllImages->trigger();
+                  })
+            .Escape();
+        Run(driver, c.Package);
+    }
+    EXPECT_EQ(protectedCount(), 2);
+}
+
+TEST_F(ImagesWindow, ADamagedPackageFileIsRefusedAndThePackageKept)
+{
+    QFile damaged(Path("damaged.pim"));
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly));
+    damaged.write("not a package at all");
+    damaged.close();
+    const AnsiString name = Path("damaged.pim").toStdString();
+
+    TQzTestDialogs dialogs;
+    dialogs->AnswerOpen({name}).AnswerMessage(mbOK);
+    TQzModalDriver driver;
+    driver.Click("BtLoadFrom")
+        .Then("nothing marked modified", [this](QWidget*) { EXPECT_EQ(FModified, 0); })
+        .Click("BtOk");
+    Run(driver);
+    EXPECT_EQ(Ids(*FPackage), (std::vector<Integer>{3, 7, 12}));
+    const auto errors = dialogs->CallsOf(TQzDialogKind::Message);
+    ASSERT_EQ(errors.size(), 1u);
+    EXPECT_NE(errors[0].Message.Text.find("damaged.pim"), std::string::npos) << errors[0].Message.Text;
+    EXPECT_EQ(dialogs->CallsOf(TQzDialogKind::OpenFiles)[0].File.Filter,
+              "Package Images (*.pim)|*.pim|All files (*.*)|*.*");
+}
+
+TEST_F(ImagesWindow, TheReportPrintsTheHeadingAndEveryCell)
+{
+    const QString pdf = Path("images.pdf");
+    TQzTestDialogs dialogs;
+    dialogs->PrintTo(pdf.toStdString()).AnswerPrinterSetup(true);
+    TQzModalDriver driver;
+    driver.Click("BtReport").Click("BtOk");
+    Run(driver);
+    ASSERT_TRUE(QFile::exists(pdf));
+    if (QStandardPaths::findExecutable("pdftotext").isEmpty())
+        GTEST_SKIP() << "pdftotext is not installed: the text was not checked";
+    QProcess process;
+    process.start("pdftotext", {pdf, "-"});
+    ASSERT_TRUE(process.waitForFinished());
+    const QString text = QString::fromUtf8(process.readAllStandardOutput());
+    EXPECT_TRUE(text.contains("**** Images Report ****")) << text.toStdString();
+    for (const char* line : {"3", "7", "12", "(11x11)", "(20x20)"})
+        EXPECT_TRUE(text.contains(line)) << line;
+}
+
+TEST_F(ImagesWindow, ImportFillsFreeIdsAndTheNextImportStartsFromTheSameFile)
+{
+    TQzPkgImages source(nullptr);
+    Fill(source, {1, 2, 5});
+    const AnsiString file = Path("source.pim").toStdString();
+    source.SaveToFile(file);
+    TFrImportImages::SetLastFileName("");
+
+    TQzTestDialogs dialogs;
+    dialogs->AnswerOpen({file});
+    TQzModalDriver driver;
+    driver.Then("import", [](QWidget* w) { Editor(w)->MnImport->trigger(); })
+        .Click("BtLoadFrom")
+        .Then("select the first and last",
+              [](QWidget* w) {
+                  auto* grid = TQzModalDriver::Find<TQzImagesGrid>(w, "Images");
+                  ASSERT_EQ(grid->GridModel()->rowCount(), 3);
+                  grid->selectionModel()->select(grid->GridModel()->index(0), QItemSelectionModel::Select);
+                  grid->selectionModel()->select(grid->GridModel()->index(2), QItemSelectionModel::Select);
+              })
+        .Click("BtOk")
+        .Then("the first free Id is offered",
+              [](QWidget* w) { EXPECT_EQ(TQzModalDriver::Find<QLineEdit>(w, "EdId")->text(), "0"); })
+        .SetText("EdId", "6")
+        .Click("BtOk")
+        .Then("back in the editor", [](QWidget* w) { EXPECT_EQ(Status(w).left(9), "5 Images "); })
+        .Then("import again", [](QWidget* w) { Editor(w)->MnImport->trigger(); })
+        .Then("the last file is read again",
+              [](QWidget* w) {
+                  EXPECT_EQ(TQzModalDriver::Find<TQzImagesGrid>(w, "Images")->GridModel()->rowCount(), 3);
+              })
+        .Click("BtCancel")
+        .Click("BtOk");
+    Run(driver);
+    EXPECT_EQ(Ids(*FPackage), (std::vector<Integer>{3, 6, 7, 8, 12}));
+    EXPECT_EQ(FPackage->Images()->FindId(8)->Width(), 8 + 5) << "source 5 went to the second free Id";
+    TFrImportImages::SetLastFileName("");
+}
+
+TEST_F(ImagesWindow, ThePlacementIsKeptInThePackage)
+{
+    EXPECT_EQ(FPackage->Placement().Left, 2147483647) << "never placed";
+    TQzModalDriver driver;
+    driver.Then("move", [](QWidget* w) { w->move(w->pos() + QPoint(10, 10)); }).Click("BtOk");
+    Run(driver);
+    EXPECT_NE(FPackage->Placement().Left, 2147483647);
+    EXPECT_EQ(FModified, 1) << "the new placement marks the form";
+}
+
+}  // namespace
