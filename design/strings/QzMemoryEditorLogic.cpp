@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <numeric>
 
 namespace {
 
@@ -19,9 +18,18 @@ constexpr std::array<TQzMemoryFamilyInfo, 3> Families{{
 
 // The case folding AnsiCompareText compares by, done once per row so that
 // sorting 100,000 labels folds each text once instead of at every compare.
+// Plain ASCII, most texts, is folded in place without the Unicode tables.
 AnsiString Folded(const AnsiString& s)
 {
-    return AnsiLowerCase(AnsiUpperCase(s));
+    AnsiString out(s);
+    for (char& c : out) {
+        const auto u = static_cast<unsigned char>(c);
+        if (u >= 0x80)
+            return AnsiLowerCase(AnsiUpperCase(s));
+        if (u >= 'A' && u <= 'Z')
+            c = static_cast<char>(u + ('a' - 'A'));
+    }
+    return out;
 }
 
 // Holds a collection's change notices back until the scope ends, so that a
@@ -176,26 +184,27 @@ void TQzMemoryRows::Load(TQzPkgIdCollection* items, TQzMemoryOrder order, const 
         });
         return;
     }
-    std::vector<AnsiString> keys;
-    keys.reserve(FRows.size());
-    for (const TQzPkgIdItem* item : FRows)
-        keys.push_back(Folded(QzMemoryItemText(*item)));
-    std::vector<size_t> order_(FRows.size());
-    std::iota(order_.begin(), order_.end(), size_t{0});
+    // Each key sorted beside its item: compares touch only the two rows
+    // compared, not a table of keys elsewhere in memory.
+    struct TKeyed {
+        AnsiString Key;
+        TQzPkgIdItem* Item;
+    };
+    std::vector<TKeyed> keyed;
+    keyed.reserve(FRows.size());
+    for (TQzPkgIdItem* item : FRows)
+        keyed.push_back({Folded(QzMemoryItemText(*item)), item});
     // Equal texts stay in Id order, so the list does not shuffle between loads.
-    std::sort(order_.begin(), order_.end(), [&](size_t a, size_t b) {
-        if (const int c = keys[a].compare(keys[b]); c != 0)
+    std::sort(keyed.begin(), keyed.end(), [](const TKeyed& a, const TKeyed& b) {
+        if (const int c = a.Key.compare(b.Key); c != 0)
             return c < 0;
-        return FRows[a]->Id() < FRows[b]->Id();
+        return a.Item->Id() < b.Item->Id();
     });
-    std::vector<TQzPkgIdItem*> rows;
-    rows.reserve(FRows.size());
-    FKeys.reserve(FRows.size());
-    for (size_t i : order_) {
-        rows.push_back(FRows[i]);
-        FKeys.push_back(std::move(keys[i]));
+    FKeys.reserve(keyed.size());
+    for (size_t i = 0; i < keyed.size(); ++i) {
+        FRows[i] = keyed[i].Item;
+        FKeys.push_back(std::move(keyed[i].Key));
     }
-    FRows = std::move(rows);
 }
 
 void TQzMemoryRows::Clear()
