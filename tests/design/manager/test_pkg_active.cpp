@@ -8,6 +8,7 @@
 #include "runtime/model/QzPkgStrings.h"
 #include "runtime/util/QzDesigner.h"
 
+#include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 
 #include <QAction>
@@ -102,6 +103,8 @@ TEST_F(PkgActive, TheWindowSelectsActivatesAndFollowsTheRuntime)
     QzFormsPerform(QzMasterMessage);
     EXPECT_EQ(form->ListBox->count(), before + 1);
     EXPECT_EQ(form->Selected(), first);
+    if (qEnvironmentVariableIsSet("QZ_SCREENSHOT_DIR"))
+        QzSaveScreenshot(form, qEnvironmentVariable("QZ_SCREENSHOT_DIR") + "/pkg-active.png");
 
     // The same window shows another package of its kind; freed, the slot
     // empties.

@@ -10,6 +10,7 @@
 #include "runtime/model/QzPkgStrings.h"
 
 #include "support/gui/QzModalDriver.h"
+#include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -132,6 +133,8 @@ TEST_F(PkgLoadSave, EveryKindIsSavedToANewFileOverwrittenOnYesAndLoadedBack)
                         Pick(QString::fromStdString(name))(w);
                         EXPECT_EQ(Text(w, "EdDescription"), "second description");
                         EXPECT_TRUE(TQzModalDriver::Find<QLineEdit>(w, "EdDescription")->isReadOnly());
+                        if (qEnvironmentVariableIsSet("QZ_SCREENSHOT_DIR") && c.Kind == KindCases[0].Kind)
+                            QzSaveScreenshot(w, qEnvironmentVariable("QZ_SCREENSHOT_DIR") + "/pkg-loadsave.png");
                     })
             .Then("double click", [&](QWidget* w) {
                 auto* list = TQzModalDriver::Find<QListWidget>(w, "FileList");
