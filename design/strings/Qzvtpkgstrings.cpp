@@ -127,7 +127,8 @@ void TFrPkgStrings::SetUpPage(TPage& page)
         switch (column) {
         case ColumnId: return QString::number(item->Id());
         case ColumnProtected: return item->Protected() ? QStringLiteral("P") : QString();
-        default: return RowText(QzMemoryItemText(*item));
+        case ColumnText: return RowText(QzMemoryItemText(*item));
+        default: return QString();
         }
     };
     page.Model = new TQzListModel(columns, rows, this);
