@@ -357,6 +357,14 @@ void TFrPkgStrings::BtDeleteClick()
     ContentsModified();
 }
 
+bool TFrPkgStrings::DeleteById(Integer id)
+{
+    if (!SelectId(id))
+        return false;
+    BtDeleteClick();
+    return QzMemoryItems(*FPackage, ActivePage())->FindIdItem(id) == nullptr;
+}
+
 // ----------------------------------------------------------------- files
 
 void TFrPkgStrings::BtLoadClick()

@@ -35,6 +35,10 @@ public:
     // Selects the item with that Id on the active page through its Id box;
     // false when the page does not list it.
     bool SelectId(Integer id);
+    // Selects that Id on the active page and runs Delete (with its
+    // confirmation); true when the item is gone. The translators delete
+    // through it.
+    bool DeleteById(Integer id);
     // The page's rows as listed (for whoever drives the window).
     const TQzMemoryRows& Rows(TQzMemoryFamily family) const { return FPages[Index(family)].Rows; }
 
