@@ -55,7 +55,8 @@ const char* const RefsUsage =
     "and the reference as the packages manager shows it (count: exists or\n"
     "missing instead). References held by the application's display sets and\n"
     "privileges name the form or file of that package and '-' as the line.\n"
-    "Summary lines: the package, the value, the uses, exists or missing.\n";
+    "Summary lines: the package, the value, the uses, exists or missing, and\n"
+    "where the uses are (Main.dfm:52 Report.dfm:19, '-' for none).\n";
 
 enum class TAction { Scan, Count, Replace, Clean };
 
@@ -197,6 +198,17 @@ public:
                "]." + (hit.Kind == TQzDlgManager::Images ? "Image" : "DescriptionId") + "\t" + pkg + "\t" + hit.Value;
     }
 
+    // Where a hit is, in one word: "Main.dfm:159", or for a reference held
+    // by the application's sets and privileges "Main.dfm:SetsBackGround[Blue]".
+    AnsiString Where(const TQzTokenRec1& hit) const
+    {
+        if (hit.Source == TQzHitSource::Form)
+            return Relative(hit.FileName) + ":" + IntToStr(hit.Line + 1);
+        const TQzPkgInfo* owner = hit.Source == TQzHitSource::Privilege ? static_cast<const TQzPkgInfo*>(FPackages.Privileges())
+                                                                       : FPackages.Display();
+        return Relative(FPackages.SourceOf(owner)) + ":" + SourceName(hit.Source) + "[" + hit.ItemName + "]";
+    }
+
     void Line(const AnsiString& text) const { std::fprintf(FOut, "%s\n", text.c_str()); }
 
 private:
@@ -268,6 +280,7 @@ struct TItemUse {
     AnsiString Value;
     int Uses = 0;
     bool Exists = true;
+    AnsiString Places;   // the uses' places, blank-separated
 };
 
 // The items of the kind the project's packages hold: (package, value).
@@ -335,7 +348,8 @@ AnsiString PackageName(const TQzProjectPackages& packages, TQzDlgManager kind, c
 }
 
 std::vector<TItemUse> Summary(const TQzProjectPackages& packages, TQzDlgManager kind,
-                              const std::vector<std::pair<AnsiString, AnsiString>>& items, const std::vector<TQzTokenRec2>& hits)
+                              const std::vector<std::pair<AnsiString, AnsiString>>& items, const std::vector<TQzTokenRec2>& hits,
+                              const TRows& rows)
 {
     const bool usesPackage = QzDlgManagerUsesPackage(kind);
     std::vector<TItemUse> uses;
@@ -346,13 +360,15 @@ std::vector<TItemUse> Summary(const TQzProjectPackages& packages, TQzDlgManager 
     };
     for (const auto& [pkg, value] : items)
         if (index.emplace(key(pkg, value), uses.size()).second)
-            uses.push_back({pkg, value, 0, true});
+            uses.push_back({pkg, value, 0, true, {}});
     for (const TQzTokenRec2& hit : hits) {
         const AnsiString pkg = usesPackage ? PackageName(packages, kind, hit.PkgName) : AnsiString();
         const auto [it, added] = index.emplace(key(pkg, hit.Value), uses.size());
         if (added)
-            uses.push_back({pkg, hit.Value, 0, hit.Exists});
-        ++uses[it->second].Uses;
+            uses.push_back({pkg, hit.Value, 0, hit.Exists, {}});
+        TItemUse& use = uses[it->second];
+        ++use.Uses;
+        use.Places += (use.Places.empty() ? "" : " ") + rows.Where(hit);
     }
     std::stable_sort(uses.begin(), uses.end(), ItemBefore);
     return uses;
@@ -382,9 +398,9 @@ int Count(TRun& run, const TRefsArgs& args, const TRows& rows)
     const std::vector<TQzTokenRec2> hits = run.Logic.Count(args.Kind, packages);
     bool missing = false;
     if (args.Summary) {
-        for (const TItemUse& use : Summary(run.Packages, args.Kind, KindItems(run.Packages, args.Kind, packages), hits)) {
+        for (const TItemUse& use : Summary(run.Packages, args.Kind, KindItems(run.Packages, args.Kind, packages), hits, rows)) {
             rows.Line((usesPackage ? use.Package : AnsiString(None)) + "\t" + use.Value + "\t" + IntToStr(use.Uses) + "\t" +
-                      (use.Exists ? "exists" : "missing"));
+                      (use.Exists ? "exists" : "missing") + "\t" + (use.Places.empty() ? AnsiString(None) : use.Places));
             missing = missing || !use.Exists;
         }
     } else {
