@@ -32,6 +32,8 @@ const TCommand Commands[] = {
              "      Finds, counts, replaces or clears the forms' references to packages.\n", nullptr},
     {"images", "images export SOURCE DIR | images import DIR PACKAGE\n"
                "      Writes an images package's pictures to PNG files, or reads pictures into one.\n", nullptr},
+    {"strings", "strings export|import|check PACKAGE [options] [FILE]\n"
+                "      Exchanges a strings package with translators' tools (PO, XLIFF, CSV), or checks it.\n", nullptr},
 #endif
 };
 

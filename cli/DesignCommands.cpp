@@ -8,6 +8,7 @@
 #include "cli/PackageFileCommands.h"
 #include "cli/RefsCommand.h"
 #include "cli/RegistrationsCommand.h"
+#include "cli/StringsCommand.h"
 
 extern "C" __attribute__((visibility("default"))) const TDesignCommand* QzpkgDesignCommands()
 {
@@ -18,6 +19,7 @@ extern "C" __attribute__((visibility("default"))) const TDesignCommand* QzpkgDes
         {"dump", RunPackageDump},
         {"classes", RunClasses},
         {"refs", RunRefs},
+        {"strings", RunStrings},
         {"images", RunImages},
         {nullptr, nullptr},
     };
