@@ -135,8 +135,12 @@ bool QzShowPkgActive(TComponent* component)
     QWidget** slot = WindowSlot(QzActiveKindOf(component));
     if (!slot)
         return false;
-    if (!*slot)
+    if (!*slot) {
         *slot = new TFrPkgActive;
+        // Top-level and kept for the session: freed before the application
+        // goes, while the runtime it listens to is still there.
+        QObject::connect(qApp, &QCoreApplication::aboutToQuit, *slot, &QWidget::deleteLater, Qt::UniqueConnection);
+    }
     if (auto* form = qobject_cast<TFrPkgActive*>(*slot))
         form->Execute(component);
     (*slot)->show();
