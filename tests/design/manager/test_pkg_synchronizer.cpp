@@ -127,6 +127,7 @@ protected:
         ASSERT_TRUE(FDir.isValid());
         FFolder = FDir.path().toStdString() + "/";
         FEdited = Strings({{1, "one"}, {2, "two"}});
+        FEdited->SetPkgName("Main");
     }
     AnsiString Write(const AnsiString& name, const TLabels& labels)
     {
@@ -178,7 +179,9 @@ TEST_F(PkgSynchronizerFiles, OkRunsWhatApplyHasNotAndCancelRunsNothing)
         SCOPED_TRACE(c.Button);
         Write("x.pst", {{9, "nueve"}});
         TQzModalDriver driver;
-        driver.Click("BtAppendAll").Click(c.Button);
+        driver.Click("BtAppendAll")
+            .Screenshot(qEnvironmentVariable("QZ_SCREENSHOT_DIR", FDir.path()) + "/synchronizer.png")
+            .Click(c.Button);
         TFrPkgSynchronizer form;
         form.SetPathApp(FFolder);
         form.Execute(FEdited.get());
