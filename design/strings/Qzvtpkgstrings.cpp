@@ -441,9 +441,12 @@ void TFrPkgStrings::ImportClick()
     const AnsiString name = QzOpenFile(TextFileRequest("Import", this));
     if (name.empty())
         return;
+    TStringList lines;
+    if (!QzRunReportingErrors(this, [&] { lines.LoadFromFile(name); }))
+        return;
     // A file that stops at a bad line has replaced the items all the same:
     // the lines before it are in, so the lists and the designer follow.
-    QzRunReportingErrors(this, [&] { QzStringsImportFile(*FPackage, family, name); });
+    QzRunReportingErrors(this, [&] { QzStringsImportText(*FPackage, family, lines, name); });
     ContentsModified();
     LoadAll();
     UpdateInfo();

@@ -191,8 +191,19 @@ TEST_F(PkgStringsWindow, APackageInItsOwnFileIsNotToldButWrittenOnLoadOrSave)
 {
     QTemporaryDir dir;
     FPackage->SaveFileEx(dir.filePath("main.pst").toStdString(), imFile);
+    const AnsiString file = dir.filePath("main.pst").toStdString();
     TQzModalDriver driver;
-    driver.Click("BtAdd").Type("EdLabel", "Zip").Click("BtOk").Click("BtOk");
+    driver.Click("BtAdd")
+        .Type("EdLabel", "Zip")
+        .Click("BtOk")
+        .Click("BtSave")
+        .Then("the file was written before the dialog", [&](QWidget*) {
+            TQzPkgStrings onDisk(nullptr);
+            onDisk.LoadFromFile(file);
+            EXPECT_EQ(onDisk.Labels()->Count(), 4);
+        })
+        .Click("BtCancel")
+        .Click("BtOk");
     EXPECT_EQ(Run(driver), mrOk);
     EXPECT_EQ(FPackage->Labels()->Count(), 4);
     EXPECT_EQ(FTold, 0);
