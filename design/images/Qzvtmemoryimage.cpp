@@ -1,0 +1,363 @@
+#include "design/images/Qzvtmemoryimage.h"
+
+#include "design/images/Qzvtimportimages.h"
+#include "design/images/Qzvtmemoryimageadd.h"
+#include "design/manager/QzManagerKinds.h"
+#include "design/reg/QzEditorDialogs.h"
+#include "runtime/model/QzApplication.h"
+#include "runtime/model/QzMemory.h"
+#include "runtime/model/QzPkgDisplay.h"
+#include "runtime/model/QzRegistry.h"
+#include "runtime/util/QzDesigner.h"
+#include "runtime/util/QzMessages.h"
+#include "vcl/QzIdEdit.h"
+#include "vcl/QzQtString.h"
+#include "vcl/QzReportErrors.h"
+#include "vcl/QzWindowBounds.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+
+namespace {
+
+// The chooser opens where the user last left it, for as long as the program runs.
+TQzResizeInfoDesigner ChooserBounds;
+
+QAction* MakeAction(QMenu* menu, const char* name, const QString& text, bool checkable = false)
+{
+    QAction* action = menu->addAction(text);
+    action->setObjectName(QString::fromLatin1(name));
+    action->setCheckable(checkable);
+    return action;
+}
+
+bool SystemEditing()
+{
+    const TQzCApplication* app = QzCApp();
+    return app && app->SystemEdit();
+}
+
+}  // namespace
+
+TFrMemoryImage::TFrMemoryImage(QWidget* parent) : TQzDialog(parent)
+{
+    setupUi(this);
+    RememberBounds(&ChooserBounds);
+    QzMakeIdEdit(EdId);
+    CreateMenus();
+    connect(EdPkg, &QComboBox::currentTextChanged, this, &TFrMemoryImage::PkgChange);
+    connect(EdId, &QLineEdit::textEdited, this, &TFrMemoryImage::IdChange);
+    connect(Images->selectionModel(), &QItemSelectionModel::currentChanged, this, &TFrMemoryImage::ImagesClick);
+    connect(Images, &QAbstractItemView::doubleClicked, this, [this] {
+        if (Images->SelectedRow() >= 0)
+            accept();
+    });
+    connect(BtAdd, &QPushButton::clicked, this, &TFrMemoryImage::BtAddClick);
+    connect(BtModify, &QPushButton::clicked, this, &TFrMemoryImage::BtModifyClick);
+    connect(BtDelete, &QPushButton::clicked, this, &TFrMemoryImage::BtDeleteClick);
+    connect(BtManager, &QPushButton::clicked, this, &TFrMemoryImage::BtManagerClick);
+    connect(BtNull, &QPushButton::clicked, this, &TFrMemoryImage::BtNullClick);
+    connect(BtDefault, &QPushButton::clicked, this, &TFrMemoryImage::BtDefaultClick);
+    connect(BtOk, &QPushButton::clicked, this, &TFrMemoryImage::accept);
+    connect(BtCancel, &QPushButton::clicked, this, &TFrMemoryImage::reject);
+}
+
+TFrMemoryImage::~TFrMemoryImage() = default;
+
+void TFrMemoryImage::CreateMenus()
+{
+    PopupMenu1 = new QMenu(this);
+    PopupMenu1->setObjectName("PopupMenu1");
+    MnTransparent = MakeAction(PopupMenu1, "MnTransparent", "Transparent", true);
+    MnStretch = MakeAction(PopupMenu1, "MnStretch", "Stretch", true);
+    PopupMenu1->addSeparator();
+    MnWH = MakeAction(PopupMenu1, "MnWH", "Show Width/Height", true);
+    MnSize = MakeAction(PopupMenu1, "MnSize", "Show Size (KB)", true);
+    MnProtected = MakeAction(PopupMenu1, "MnProtected", "Show Protected", true);
+    auto* lines = new QActionGroup(PopupMenu1);
+    for (QAction* action : {MnWH, MnSize, MnProtected})
+        lines->addAction(action);
+    MnWH->setChecked(true);
+    PopupMenu1->addSeparator();
+    MnImport = MakeAction(PopupMenu1, "MnImport", "Import Images");
+    N3 = PopupMenu1->addSeparator();
+    N3->setObjectName("N3");
+    MnProtectAllImages = MakeAction(PopupMenu1, "MnProtectAllImages", "Protect All Images");
+    MnUnprotectAllImages = MakeAction(PopupMenu1, "MnUnprotectAllImages", "Unprotect All Images");
+
+    for (QAction* action : {MnTransparent, MnStretch, MnWH, MnSize, MnProtected})
+        connect(action, &QAction::toggled, this, &TFrMemoryImage::MenuOptionsChanged);
+    connect(MnImport, &QAction::triggered, this, &TFrMemoryImage::MnImportClick);
+    connect(MnProtectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(true); });
+    connect(MnUnprotectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(false); });
+    connect(Images, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
+        PopupMenu1->popup(Images->viewport()->mapToGlobal(at));
+    });
+}
+
+void TFrMemoryImage::MenuOptionsChanged()
+{
+    TQzImagesGridOptions& options = Images->GridDelegate()->Options();
+    options.Transparent = MnTransparent->isChecked();
+    options.Stretch = MnStretch->isChecked();
+    options.Line = MnSize->isChecked()        ? TQzImagesLine::Size
+                   : MnProtected->isChecked() ? TQzImagesLine::Protected
+                                              : TQzImagesLine::WidthHeight;
+    Images->viewport()->update();
+}
+
+TModalResult TFrMemoryImage::Execute()
+{
+    if (!FMemoryImage)
+        return mrNone;
+    FClosingSpecial = false;
+    TStringList names;
+    QzPkgImagesActives(&names);
+    names.Sort();
+    {
+        const QSignalBlocker block(EdPkg);
+        EdPkg->clear();
+        for (int i = 0; i < names.Count(); ++i)
+            EdPkg->addItem(QzQString(names.Get(i)));
+    }
+    // A reference that follows its default opens on the default's image.
+    const bool followsDefault = FMemoryImage->HasDefault() && FMemoryImage->Id() == TQzMemoryRef::IdDefault;
+    AnsiString pkgName = followsDefault ? FMemoryImage->DefaultPkgName() : FMemoryImage->PkgName();
+    const Integer id = followsDefault ? FMemoryImage->DefaultId() : FMemoryImage->Id();
+    if (pkgName.empty())
+        pkgName = "User";
+    QzSetIdEditValue(EdId, id);
+    {
+        const QSignalBlocker block(EdPkg);
+        EdPkg->setEditText(QzQString(pkgName));
+    }
+    PkgChange();
+    if (names.IndexOf(pkgName) < 0)
+        EdPkg->setFocus();
+    else
+        EdId->setFocus();
+    return ShowModal();
+}
+
+// ------------------------------------------------------------------- grid
+
+void TFrMemoryImage::PkgChange()
+{
+    SaveShownFile();
+    FPackage = QzFindPkgImages(QzAnsiString(EdPkg->currentText()));
+    if (FPackage && FPackage->InitMode() == imFile && FPackage->FileModified())
+        QzRunReportingErrors(this, [&] { FPackage->LoadFile(); });
+    Images->GridDelegate()->Cache().Clear();
+    LoadImages();
+    if (MnProtected->isChecked() && !(FPackage && FPackage->IsSystem()))
+        MnWH->setChecked(true);
+    UpdateInfo();
+}
+
+void TFrMemoryImage::LoadImages()
+{
+    Images->GridModel()->Reload(FPackage);
+    IdChange();
+}
+
+void TFrMemoryImage::IdChange()
+{
+    const int id = QzIdEditValue(EdId);
+    const int row = id < 0 ? -1 : Images->GridModel()->RowOfId(id);
+    {
+        // Selecting from the Id box does not write the Id back.
+        const QSignalBlocker block(Images->selectionModel());
+        Images->SelectRow(row);
+    }
+    Images->viewport()->update();
+    ChangeState();
+}
+
+void TFrMemoryImage::ImagesClick()
+{
+    if (const TQzPkgImagesImage* image = Images->SelectedImage())
+        QzSetIdEditValue(EdId, image->Id());
+    ChangeState();
+}
+
+void TFrMemoryImage::AfterChange(Integer selectId)
+{
+    Images->GridDelegate()->Cache().Clear();
+    QzSetIdEditValue(EdId, selectId);
+    LoadImages();
+    UpdateInfo();
+}
+
+// ------------------------------------------------------------------ state
+
+void TFrMemoryImage::ChangeState()
+{
+    const bool valid = FPackage && QzImagesValidPkg(FPackage->PkgName());
+    const bool selected = valid && Images->SelectedRow() >= 0;
+    BtAdd->setEnabled(valid);
+    BtModify->setEnabled(selected);
+    BtDelete->setEnabled(selected);
+    Images->setFocusPolicy(valid ? Qt::StrongFocus : Qt::NoFocus);
+    const bool system = FPackage && FPackage->IsSystem();
+    for (QAction* action : {MnProtected, N3, MnProtectAllImages, MnUnprotectAllImages})
+        action->setVisible(system);
+    MnProtectAllImages->setEnabled(SystemEditing());
+    MnUnprotectAllImages->setEnabled(SystemEditing());
+    MnImport->setEnabled(FPackage && (!system || SystemEditing()));
+}
+
+void TFrMemoryImage::UpdateInfo()
+{
+    StatusBar1->showMessage(QzQString(QzImagesStatusText(FPackage, MnProtected->isVisible())));
+}
+
+void TFrMemoryImage::Modified()
+{
+    // A package kept in its own file is written when the window closes;
+    // one kept in the form marks its form, and the application's.
+    if (!FPackage || FPackage->InitMode() != imDFM)
+        return;
+    QzDesignerModified(FPackage->Owner());
+    if (const TQzCApplication* app = QzCApp())
+        QzDesignerModified(app->Owner());
+}
+
+void TFrMemoryImage::SaveShownFile()
+{
+    if (!FPackage)
+        return;
+    QzRunReportingErrors(this, [&] {
+        FPackage->SaveFile();
+        if (auto* display = dynamic_cast<TQzPkgDisplay*>(FPackage->Owner()))
+            display->SaveFile();
+    });
+}
+
+// --------------------------------------------------------------- commands
+
+void TFrMemoryImage::BtAddClick()
+{
+    if (!BtAdd->isEnabled())
+        return;
+    TFrMemoryImageAdd dialog(this);
+    dialog.setWindowTitle("Add Image");
+    if (dialog.Execute(FPackage, false, FPackage->Images()->UniqueId()) != 1)
+        return;
+    AfterChange(dialog.ResultId());
+    Modified();
+}
+
+void TFrMemoryImage::BtModifyClick()
+{
+    const TQzPkgImagesImage* image = Images->SelectedImage();
+    if (!BtModify->isEnabled() || !image)
+        return;
+    TFrMemoryImageAdd dialog(this);
+    dialog.setWindowTitle("Modify Image");
+    if (dialog.Execute(FPackage, true, image->Id()) != 1)
+        return;
+    AfterChange(dialog.ResultId());
+    Modified();
+}
+
+void TFrMemoryImage::BtDeleteClick()
+{
+    const int row = Images->SelectedRow();
+    if (!BtDelete->isEnabled() || row < 0)
+        return;
+    if (QzMsgPkg(mtConfirmation, "System", 25, {bkOK, bkCancel}, bkOK) != bkOK)
+        return;
+    TQzPkgImagesImage* image = Images->GridModel()->Image(row);
+    Images->GridDelegate()->Cache().Invalidate(image);
+    Images->GridModel()->Reload(nullptr);
+    delete image;  // leaves the package
+    Images->GridModel()->Reload(FPackage);
+    const TQzPkgImagesImage* next = Images->GridModel()->Image(QzImagesRowAfterDelete(row, Images->GridModel()->rowCount()));
+    AfterChange(next ? next->Id() : -1);
+    Modified();
+}
+
+void TFrMemoryImage::BtManagerClick()
+{
+    TQzEditorDialogRequest request;
+    request.Kind = int(TQzDlgManager::Images);
+    request.PkgName = QzAnsiString(EdPkg->currentText());
+    request.Value = QzAnsiString(EdId->text());
+    QzRunEditorDialog(TQzEditorDialog::Manager, request);
+    // The manager may have cleaned images of this package.
+    AfterChange(QzIdEditValue(EdId));
+}
+
+void TFrMemoryImage::MnImportClick()
+{
+    if (!FPackage || !MnImport->isEnabled())
+        return;
+    SaveShownFile();
+    TFrImportImages dialog(this);
+    dialog.SetTarget(FPackage);
+    if (dialog.Execute() != mrOk)
+        return;
+    AfterChange(QzIdEditValue(EdId));
+    Modified();
+}
+
+void TFrMemoryImage::MnProtectAllImagesClick(bool protect)
+{
+    if (!FPackage || !SystemEditing())
+        return;
+    if (!FPackage->Images()->SetAllProtected(protect))
+        return;
+    AfterChange(QzIdEditValue(EdId));
+    Modified();
+}
+
+void TFrMemoryImage::CloseWith(Integer id)
+{
+    FClosingSpecial = true;
+    FClosingId = id;
+    accept();
+}
+
+void TFrMemoryImage::BtNullClick()
+{
+    CloseWith(TQzMemoryRef::IdNone);
+}
+
+void TFrMemoryImage::BtDefaultClick()
+{
+    CloseWith(TQzMemoryRef::IdDefault);
+}
+
+// ------------------------------------------------------------------ close
+
+void TFrMemoryImage::done(int result)
+{
+    SaveShownFile();
+    if (result == mrOk && FMemoryImage) {
+        const AnsiString pkgName = QzAnsiString(EdPkg->currentText());
+        Integer id = FClosingSpecial ? FClosingId : QzIdEditValue(EdId);
+        // The reference's own default is kept as "the default", so that it
+        // follows the default wherever that goes.
+        if (id >= 0 && FMemoryImage->HasDefault() && id == FMemoryImage->DefaultId() &&
+            SameText(pkgName, FMemoryImage->DefaultPkgName()))
+            id = TQzMemoryRef::IdDefault;
+        FMemoryImage->PkgId(pkgName, id);
+    }
+    FClosingSpecial = false;
+    TQzDialog::done(result);
+}
+
+void RegisterQzvtmemoryimage()
+{
+    QzSetEditorDialog(TQzEditorDialog::MemoryImage, [](TQzEditorDialogRequest& request) {
+        auto* memoryImage = dynamic_cast<TQzMemoryImage*>(request.Target);
+        if (!memoryImage)
+            return 0;
+        TFrMemoryImage form(QApplication::activeWindow());
+        form.SetMemoryImage(memoryImage);
+        return form.Execute() == mrOk ? 1 : 0;
+    });
+}
