@@ -64,11 +64,13 @@ QVariant TQzImagesGridModel::data(const QModelIndex& index, int role) const
     const TQzPkgImagesImage* image = Image(index.row());
     if (!image)
         return {};
-    // The row's own text is never shown; an accessible name says the Id.
+    // The row's own text is never shown; the tip has the cell's lines whole.
     if (role == Qt::DisplayRole)
         return QStringLiteral("*");
-    if (role == Qt::AccessibleTextRole || role == Qt::ToolTipRole)
+    if (role == Qt::AccessibleTextRole)
         return QString::number(image->Id());
+    if (role == Qt::ToolTipRole)
+        return QzQString(QzImagesCellText(*image, TQzImagesLine::WidthHeight).Text);
     return {};
 }
 
@@ -99,10 +101,20 @@ void TQzImagesGridDelegate::paint(QPainter* painter, const QStyleOptionViewItem&
     if (text.Masked && !selected)
         ink = QColor(MaskedColor);
     painter->setPen(ink);
-    painter->setFont(option.font);
-    QRect textRect;
-    painter->drawText(QRect(cell.left(), cell.top(), cell.width(), cell.height()),
-                      Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, QzQString(text.Text), &textRect);
+    // A smaller font and one line each (elided rather than wrapped) leave
+    // most of the 88 pixels to the picture.
+    QFont font = option.font;
+    font.setPointSizeF(font.pointSizeF() * 0.85);
+    painter->setFont(font);
+    const QFontMetrics metrics(font);
+    int bottom = cell.top();
+    for (const QString& line : QzQString(text.Text).split(QLatin1Char('\n'))) {
+        const QRect lineRect(cell.left(), bottom, cell.width(), metrics.height());
+        painter->drawText(lineRect, Qt::AlignHCenter | Qt::AlignTop,
+                          metrics.elidedText(line, Qt::ElideRight, cell.width() - 2));
+        bottom += metrics.height();
+    }
+    const QRect textRect(cell.left(), cell.top(), cell.width(), bottom - cell.top());
 
     // The picture sits in a sunken frame below the text.
     QRect area(cell.left() + 1, textRect.bottom() + 1, cell.width() - 2, cell.bottom() - textRect.bottom() - 2);
