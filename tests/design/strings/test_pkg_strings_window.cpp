@@ -2,6 +2,7 @@
 // says, the Id boxes and the search, the commands and when the designer
 // hears of a change, the "System" package's extras, and the report.
 
+#include "design/reg/QzEditorDialogs.h"
 #include "design/strings/Qzvtpkgstrings.h"
 
 #include "runtime/dialogs/QzStandardWindows.h"
@@ -229,6 +230,25 @@ TEST_F(PkgStringsWindow, TheSystemStringsShowProtectionAndProtectAllMarksOnlyACh
         .Click("BtOk");
     EXPECT_EQ(Run(driver, system), mrOk);
     EXPECT_EQ(FTold, 1) << "only the change of flags";
+}
+
+TEST_F(PkgStringsWindow, TheManagerLooksForThePagesKindInThePackage)
+{
+    std::vector<std::string> asked;
+    TQzEditorDialogScope manager(TQzEditorDialog::Manager, [&](TQzEditorDialogRequest& r) {
+        asked.push_back(std::to_string(r.Kind) + " " + r.PkgName + " " + r.Value);
+        return 0;
+    });
+    TQzModalDriver driver;
+    driver.Then("Id 12", [](QWidget* w) { Form(w)->SelectId(12); })
+        .Click("BtManager")
+        .Then("messages", [](QWidget* w) { Form(w)->SetActivePage(TQzMemoryFamily::Messages); })
+        .Click("BtManager")
+        .Click("BtOk");
+    Run(driver);
+    const auto kind = [](TQzDlgManager k) { return std::to_string(static_cast<int>(k)); };
+    EXPECT_EQ(asked, (std::vector<std::string>{kind(TQzDlgManager::Labels) + " Main 12",
+                                               kind(TQzDlgManager::Messages) + " Main "}));
 }
 
 TEST_F(PkgStringsWindow, TheReportPrintsTheHeadingAndTheRowsAsListed)
