@@ -3,16 +3,23 @@
 // image from the chooser.
 
 #include "design/images/Qzvtmemoryimage.h"
+#include "design/images/Qzvtmemoryimageadd.h"
+#include "runtime/components/QzComponentsReg.h"
 #include "runtime/model/QzMemory.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/pictures/QzPicture.h"
 #include "runtime/pictures/QzPng.h"
 
+#include "rtl/ComponentStream.h"
 #include "support/gui/QzModalDriver.h"
+#include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 
 #include <memory>
@@ -96,6 +103,38 @@ TEST_F(MemoryImageChooser, AnImageAddedFromTheChooserIsTheOneChosen)
     EXPECT_EQ(ref.Id(), 0);  // the first free Id
     ASSERT_NE(Pkg->Images()->FindId(0), nullptr);
     EXPECT_EQ(Pkg->Images()->Count(), 4);
+}
+
+// The demo project's images are chosen from (and, when asked for, give
+// the pictures of the user guide).
+TEST_F(MemoryImageChooser, TheDemoProjectsImagesAreChosenFrom)
+{
+    RegisterQzComponentClasses();
+    QFile file(QFileInfo(QStringLiteral(__FILE__)).absoluteDir().filePath(QStringLiteral("../../../examples/demo/Main.dfm")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const std::unique_ptr<TComponent> main = ReadForm(file.readAll().toStdString());
+    const QString shots = qEnvironmentVariable("QZ_SCREENSHOT_DIR");
+    TQzMemoryImage ref;
+    ref.PkgId("DEMO", 4);
+    TQzModalDriver driver;
+    driver.Then("shot", [&shots](QWidget* w) {
+        EXPECT_EQ(qobject_cast<TFrMemoryImage*>(w)->Images->GridModel()->rowCount(), 6);
+        if (!shots.isEmpty())
+            QzSaveScreenshot(w, shots + "/memory-image.png");
+    })
+        .Click("BtModify")
+        .Then("shot", [&shots](QWidget* w) {
+            EXPECT_EQ(qobject_cast<TFrMemoryImageAdd*>(w)->EdId->text(), "4");
+            if (!shots.isEmpty())
+                QzSaveScreenshot(w, shots + "/memory-image-add.png");
+        })
+        .Click("BtCancel")
+        .Click("BtOk");
+    TFrMemoryImage form;
+    form.resize(520, 400);
+    form.SetMemoryImage(&ref);
+    EXPECT_EQ(form.Execute(), mrOk);
+    EXPECT_EQ(ref.Id(), 4);
 }
 
 }  // namespace
