@@ -7,6 +7,7 @@
 #include "design/strings/Qzvtmemorylabeladd.h"
 #include "design/strings/Qzvtmemorymessageadd.h"
 #include "design/strings/Qzvtmemorytextadd.h"
+#include "design/strings/Qzvtpkgstringstranslator.h"
 #include "design/strings/Qzvtupdatesystemstrings.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/util/QzDesigner.h"
@@ -33,6 +34,14 @@ constexpr int ColumnProtected = 1;
 constexpr int ColumnText = 2;
 
 constexpr TQzMemoryFamily Families[] = {TQzMemoryFamily::Labels, TQzMemoryFamily::Messages, TQzMemoryFamily::Texts};
+
+// The pages and the translators list the three collections in one order.
+TQzTranslatorKind TranslatorKindOf(TQzMemoryFamily family)
+{
+    static_assert(int(TQzMemoryFamily::Messages) == int(TQzTranslatorKind::Messages) &&
+                  int(TQzMemoryFamily::Texts) == int(TQzTranslatorKind::Texts));
+    return static_cast<TQzTranslatorKind>(family);
+}
 
 // The menu words of each page; the messages' "UnProtect" is the suite's own.
 struct TPageWords {
@@ -90,9 +99,14 @@ TFrPkgStrings::TFrPkgStrings(QWidget* parent) : TQzDialog(parent)
         FPages[Index(family)].Family = family;
         SetUpPage(FPages[Index(family)]);
     }
-    // The translators open from here once they exist.
-    BtTranslator->setEnabled(false);
-    BtTranslator->setToolTip("The translator is not built yet.");
+    // The translator of the active page deletes through this editor, so the
+    // question is this editor's; what it added shows here once it closes.
+    connect(BtTranslator, &QPushButton::clicked, this, [this] {
+        QzExecuteStringsTranslator(FPackage, TranslatorKindOf(ActivePage()), [this](Integer id) { return DeleteById(id); },
+                                   this);
+        LoadAll();
+        UpdateInfo();
+    });
 
     connect(PageC, &QTabWidget::currentChanged, this, &TFrPkgStrings::PageCChange);
     connect(OrderLabel, &QRadioButton::toggled, this, &TFrPkgStrings::OrderClick);

@@ -2,6 +2,7 @@
 // what the menus allow on each, Add and Delete writing to the edited
 // package and telling the designer, the filters and the right button.
 
+#include "design/strings/Qzvtpkgstrings.h"
 #include "design/strings/Qzvtpkgstringstranslator.h"
 
 #include "runtime/dialogs/QzStandardWindows.h"
@@ -234,6 +235,30 @@ TEST_F(TranslatorWindow, FiltersMarkersAndTheRightButton)
             .Screenshot(qEnvironmentVariable("QZ_SCREENSHOT_DIR") + "/strings-translator.png");
     driver.Escape();
     Run(driver);
+}
+
+TEST_F(TranslatorWindow, TheStringsEditorOpensTheTranslatorOfItsPageAndLendsItsDelete)
+{
+    TQzTestDialogs dialogs;
+    dialogs->AnswerMessage(mbYes);   // the strings editor's own question
+    TQzModalDriver driver;
+    driver.Click("BtTranslator")
+        .Then("the labels translator deletes 2", [](QWidget* w) {
+            EXPECT_EQ(w->windowTitle(), "Labels Translator");
+            Form(w)->SelectId(2);
+            Form(w)->Delete1Click();
+            EXPECT_EQ(Rows(w), QStringList({"1|&Open %s|"}));
+        })
+        .Escape()
+        .Then("the editor lists what is left", [](QWidget* w) {
+            EXPECT_EQ(qobject_cast<TFrPkgStrings*>(w)->Rows(TQzMemoryFamily::Labels).Count(), 1);
+        })
+        .Escape();
+    TFrPkgStrings editor;
+    editor.SetPackage(FPackage);
+    editor.Execute();
+    EXPECT_TRUE(driver.Finished());
+    EXPECT_EQ(FPackage->Labels()->FindId(2), nullptr);
 }
 
 }  // namespace
