@@ -256,8 +256,13 @@ void TFrPkgImages::Modified()
 
 void TFrPkgImages::UpdateFile()
 {
-    if (FPackage)
-        QzRunReportingErrors(this, [&] { FPackage->SaveFile(); });
+    if (!FPackage)
+        return;
+    QzRunReportingErrors(this, [&] { FPackage->SaveFile(); });
+    // A display package's images live in its file; embedded, the display
+    // editor writes it.
+    if (auto* display = dynamic_cast<TQzPkgDisplay*>(FPackage->Owner()); display && !FEmbedded)
+        QzRunReportingErrors(this, [&] { display->SaveFile(); });
 }
 
 void TFrPkgImages::AdjustComponents()

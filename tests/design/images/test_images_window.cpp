@@ -4,6 +4,9 @@
 
 #include "design/images/Qzvtimportimages.h"
 #include "design/images/Qzvtpkgimages.h"
+#include "design/images/Qzvtupdatesystemimages.h"
+#include "rtl/ComponentStream.h"
+#include "runtime/components/QzComponentsReg.h"
 #include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
@@ -11,12 +14,15 @@
 #include "runtime/util/QzDesigner.h"
 
 #include "support/gui/QzModalDriver.h"
+#include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
 #include <QAction>
 #include <QBuffer>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -260,7 +266,7 @@ TEST_F(ImagesWindow, TheReportPrintsTheHeadingAndEveryCell)
         EXPECT_TRUE(text.contains(line)) << line;
 }
 
-TEST_F(ImagesWindow, ImportFillsFreeIdsAndTheNextImportStartsFromTheSameFile)
+TEST_F(ImagesWindow, ImportFillsFreeIdsFromTheIdAsked)
 {
     TQzPkgImages source(nullptr);
     Fill(source, {1, 2, 5});
@@ -286,12 +292,6 @@ TEST_F(ImagesWindow, ImportFillsFreeIdsAndTheNextImportStartsFromTheSameFile)
         .SetText("EdId", "6")
         .Click("BtOk")
         .Then("back in the editor", [](QWidget* w) { EXPECT_EQ(Status(w).left(9), "5 Images "); })
-        .Then("import again", [](QWidget* w) { Editor(w)->MnImport->trigger(); })
-        .Then("the last file is read again",
-              [](QWidget* w) {
-                  EXPECT_EQ(TQzModalDriver::Find<TQzImagesGrid>(w, "Images")->GridModel()->rowCount(), 3);
-              })
-        .Click("BtCancel")
         .Click("BtOk");
     Run(driver);
     EXPECT_EQ(Ids(*FPackage), (std::vector<Integer>{3, 6, 7, 8, 12}));
@@ -307,6 +307,75 @@ TEST_F(ImagesWindow, ThePlacementIsKeptInThePackage)
     Run(driver);
     EXPECT_NE(FPackage->Placement().Left, 2147483647);
     EXPECT_EQ(FModified, 1) << "the new placement marks the form";
+}
+
+TEST_F(ImagesWindow, SystemImagesAreRefreshedFromAnExistingDisplayFileOnly)
+{
+    auto* app = new TQzCApplication(FForm.get());
+    app->SetSystemEdit(true);
+    const AnsiString file = Path("standard.dis").toStdString();
+    {
+        TQzPkgDisplay base(nullptr);
+        Fill(*base.PkgSystem(), {1, 2});
+        base.SaveToFile(file);
+    }
+    TQzTestDialogs dialogs;
+    dialogs->AnswerMessage(mbOK);
+    TQzModalDriver driver;
+    driver.SetText("Edit1", Path("missing.dis"))
+        .Click("BtOk")
+        .SetText("Edit1", QString::fromStdString(file))
+        .Click("BtOk");
+    TFrUpdateSystemImages form;
+    form.SetApplication(app);
+    EXPECT_EQ(form.Execute(), mrOk);
+    EXPECT_EQ(dialogs->CallsOf(TQzDialogKind::Message).at(0).Message.Text, "Invalidate FileName");
+    EXPECT_EQ(Ids(*app->PkgDisplay()->PkgSystem()), (std::vector<Integer>{1, 2}));
+    EXPECT_EQ(app->PkgDisplay()->LastUpdateFile(), file);
+}
+
+// The demo project's images package opens in the editor (and, when asked
+// for, gives the pictures of the user guide).
+TEST_F(ImagesWindow, TheDemoProjectsImagesOpen)
+{
+    RegisterQzComponentClasses();
+    const QString demo =
+        QFileInfo(QStringLiteral(__FILE__)).absoluteDir().filePath(QStringLiteral("../../../examples/demo/Main.dfm"));
+    QFile file(demo);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const std::unique_ptr<TComponent> main = ReadForm(file.readAll().toStdString());
+    auto* package = dynamic_cast<TQzPkgImages*>(main->FindComponent("PkgImages"));
+    ASSERT_NE(package, nullptr);
+    EXPECT_EQ(Ids(*package), (std::vector<Integer>{1, 2, 3, 4, 5, 6}));
+    SetQzDesignerModifiedHook([](TComponent*) {});
+    TQzPkgImages source(nullptr);
+    Fill(source, {20, 21, 22});
+    source.SaveToFile(Path("more.pim").toStdString());
+    TFrImportImages::SetLastFileName(Path("more.pim").toStdString());
+    const QString shots = qEnvironmentVariable("QZ_SCREENSHOT_DIR");
+    TQzModalDriver driver;
+    driver.Type("EdId", "4")
+        .Then("shot",
+              [&shots](QWidget* w) {
+                  if (!shots.isEmpty())
+                      QzSaveScreenshot(w, shots + "/images-editor.png");
+              })
+        .Then("import", [](QWidget* w) { Editor(w)->MnImport->trigger(); })
+        .Then("shot",
+              [&shots](QWidget* w) {
+                  auto* grid = TQzModalDriver::Find<TQzImagesGrid>(w, "Images");
+                  EXPECT_EQ(grid->GridModel()->rowCount(), 3) << "the last import's file is read again";
+                  grid->selectionModel()->select(grid->GridModel()->index(1), QItemSelectionModel::Select);
+                  if (!shots.isEmpty())
+                      QzSaveScreenshot(w, shots + "/images-import.png");
+              })
+        .Click("BtCancel")
+        .Escape();
+    TFrPkgImages form;
+    form.resize(520, 400);
+    form.SetPackage(package);
+    form.Execute();
+    TFrImportImages::SetLastFileName("");
 }
 
 }  // namespace
