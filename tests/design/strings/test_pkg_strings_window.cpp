@@ -107,7 +107,7 @@ TEST_F(PkgStringsWindow, ListsSearchesAndCountsEachPage)
                   EXPECT_EQ(Rows(w, "Labels"), QStringList({"7 address", "3 City", "12 Name"})) << "no P column";
                   EXPECT_EQ(Status(w), "3 Labels ");
                   EXPECT_FALSE(TQzModalDriver::Find<QAction>(w, "UpdateSystemStrings")->isVisible());
-                  EXPECT_FALSE(TQzModalDriver::Find<QPushButton>(w, "BtTranslator")->isEnabled());
+                  EXPECT_TRUE(TQzModalDriver::Find<QPushButton>(w, "BtTranslator")->isEnabled());
               })
         // Letters, signs and blanks are swallowed; a fifth digit does not fit.
         .Type("EdLabelId", "1a -2")
