@@ -1,0 +1,289 @@
+#include "runtime/dialogs/QzRichEditE.h"
+
+#include "runtime/components/QzStdCtrls.h"
+#include "runtime/dialogs/QzMemoE.h"
+
+#include "rtl/StringList.h"
+#include "rtl/TypInfo.h"
+#include "vcl/QzDialogs.h"
+#include "vcl/QzQtString.h"
+#include "vcl/QzReportErrors.h"
+
+#include <QActionGroup>
+#include <QMenu>
+#include <QPainter>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextList>
+
+namespace {
+
+TQzRichTextCodec DefaultCodec()
+{
+    TQzRichTextCodec codec;
+    codec.Read = [](const AnsiString& text, QTextDocument& document) {
+        const QString s = QzQString(text);
+        if (Qt::mightBeRichText(s))
+            document.setHtml(s);
+        else
+            document.setPlainText(s);
+    };
+    codec.Write = [](const QTextDocument& document) { return QzAnsiString(document.toHtml()); };
+    codec.FileFilter = "Rich text files (*.html;*.htm)|*.html;*.htm";
+    return codec;
+}
+
+TQzRichTextCodec& Codec()
+{
+    static TQzRichTextCodec codec = DefaultCodec();
+    return codec;
+}
+
+bool IsPlainFile(const AnsiString& fileName)
+{
+    return SameText(ExtractFileExt(fileName), ".txt");
+}
+
+// The colours the colour button offers, as in a rich edit's tool bar.
+constexpr QRgb Colors[] = {
+    0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0x808080,
+    0xC0C0C0, 0xFF0000, 0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF,
+};
+
+QIcon Swatch(QColor color)
+{
+    QPixmap pixmap(16, 16);
+    pixmap.fill(color);
+    QPainter(&pixmap).drawRect(0, 0, 15, 15);
+    return QIcon(pixmap);
+}
+
+}  // namespace
+
+TQzRichTextCodec SetQzRichTextCodec(TQzRichTextCodec codec)
+{
+    TQzRichTextCodec previous = Codec();
+    Codec() = codec.Read && codec.Write ? std::move(codec) : DefaultCodec();
+    return previous;
+}
+
+const TQzRichTextCodec& QzRichTextCodec()
+{
+    return Codec();
+}
+
+TFrRichEditE::TFrRichEditE(QWidget* parent) : TQzDialog(parent)
+{
+    setupUi(this);
+    for (int size : {8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36, 48, 72})
+        CBSize->addItem(QString::number(size));
+    BtBold->setShortcut(QKeySequence::Bold);
+    BtItalic->setShortcut(QKeySequence::Italic);
+    BtUnderline->setShortcut(QKeySequence::Underline);
+    QFont font = BtBold->font();
+    font.setBold(true);
+    BtBold->setFont(font);
+    font = BtItalic->font();
+    font.setItalic(true);
+    BtItalic->setFont(font);
+    font = BtUnderline->font();
+    font.setUnderline(true);
+    BtUnderline->setFont(font);
+    BuildColorMenu();
+
+    connect(BtOpen, &QToolButton::clicked, this, &TFrRichEditE::BtOpenClick);
+    connect(BtSave, &QToolButton::clicked, this, &TFrRichEditE::BtSaveClick);
+    connect(BtBold, &QToolButton::clicked, this, [this](bool on) {
+        QTextCharFormat f;
+        f.setFontWeight(on ? QFont::Bold : QFont::Normal);
+        MergeFormat(f);
+    });
+    connect(BtItalic, &QToolButton::clicked, this, [this](bool on) {
+        QTextCharFormat f;
+        f.setFontItalic(on);
+        MergeFormat(f);
+    });
+    connect(BtUnderline, &QToolButton::clicked, this, [this](bool on) {
+        QTextCharFormat f;
+        f.setFontUnderline(on);
+        MergeFormat(f);
+    });
+    connect(CBFont, &QFontComboBox::textActivated, this, [this](const QString& family) {
+        QTextCharFormat f;
+        f.setFontFamilies({family});
+        MergeFormat(f);
+    });
+    connect(CBSize, &QComboBox::textActivated, this, [this](const QString& text) {
+        bool ok = false;
+        const double size = text.toDouble(&ok);
+        if (!ok || size <= 0 || size > 1638) {
+            QzMessage("'" + QzAnsiString(text) + "' is not a font size: give a number of points from 1 to 1638.",
+                      mtError, {mbOK}, mbOK, this);
+            ShowFormat();
+            return;
+        }
+        QTextCharFormat f;
+        f.setFontPointSize(size);
+        MergeFormat(f);
+    });
+    connect(BtLeft, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignLeft | Qt::AlignAbsolute); });
+    connect(BtCenter, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignHCenter); });
+    connect(BtRight, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignRight | Qt::AlignAbsolute); });
+    connect(BtBullets, &QToolButton::clicked, this, &TFrRichEditE::ToggleBullets);
+    connect(RichEdit, &QTextEdit::currentCharFormatChanged, this, &TFrRichEditE::ShowFormat);
+    connect(RichEdit, &QTextEdit::cursorPositionChanged, this, &TFrRichEditE::ShowFormat);
+    connect(BtOk, &QPushButton::clicked, this, &TFrRichEditE::accept);
+    connect(BtCancel, &QPushButton::clicked, this, &TFrRichEditE::reject);
+    ShowFormat();
+}
+
+bool TFrRichEditE::Execute(const AnsiString& caption, TStrings* lines, bool plainText)
+{
+    if (!caption.empty())
+        setWindowTitle(QzQString(caption));
+    SetPlainText(plainText);
+    SetText(lines ? lines->Text() : AnsiString());
+    RichEdit->setFocus();
+    if (Execute() != mrOk)
+        return false;
+    if (lines)
+        lines->SetText(Text());
+    return true;
+}
+
+bool TFrRichEditE::Execute(const AnsiString& caption, TComponent* control)
+{
+    auto* rich = dynamic_cast<TQzRichEdit*>(control);
+    if (!rich)
+        return Execute(caption, static_cast<TStrings*>(nullptr));
+    return Execute(caption, rich->Lines(), GetOrdProp(rich, "PlainText") != 0);
+}
+
+void TFrRichEditE::SetPlainText(bool value)
+{
+    FPlainText = value;
+    RichEdit->setAcceptRichText(!value);
+    for (QWidget* w : std::initializer_list<QWidget*>{BtBold, BtItalic, BtUnderline, BtColor, CBFont, CBSize, BtLeft,
+                                                      BtCenter, BtRight, BtBullets})
+        w->setEnabled(!value);
+}
+
+AnsiString TFrRichEditE::Text() const
+{
+    if (FPlainText)
+        return QzAnsiString(RichEdit->toPlainText());
+    return Codec().Write(*RichEdit->document());
+}
+
+void TFrRichEditE::SetText(const AnsiString& text)
+{
+    if (FPlainText || text.empty())
+        RichEdit->setPlainText(QzQString(text));
+    else
+        Codec().Read(text, *RichEdit->document());
+    ShowFormat();
+}
+
+void TFrRichEditE::BtOpenClick()
+{
+    TQzFileRequest request;
+    request.Title = "Open";
+    request.Filter = FPlainText ? AnsiString(QzTextFileFilter) : Codec().FileFilter + "|" + QzTextFileFilter;
+    request.Parent = this;
+    const AnsiString fileName = QzOpenFile(request);
+    if (fileName.empty())
+        return;
+    QzRunReportingErrors(this, [&] {
+        TStringList lines;
+        lines.LoadFromFile(fileName);
+        if (IsPlainFile(fileName))
+            RichEdit->setPlainText(QzQString(lines.Text()));
+        else
+            SetText(lines.Text());
+    });
+}
+
+void TFrRichEditE::BtSaveClick()
+{
+    TQzFileRequest request;
+    request.Title = "Save As";
+    request.Filter = FPlainText ? AnsiString(QzTextFileFilter) : Codec().FileFilter + "|" + QzTextFileFilter;
+    request.Parent = this;
+    const AnsiString fileName = QzSaveFile(request);
+    if (fileName.empty())
+        return;
+    QzRunReportingErrors(this, [&] {
+        TStringList lines;
+        lines.SetText(IsPlainFile(fileName) ? QzAnsiString(RichEdit->toPlainText()) : Text());
+        lines.SaveToFile(fileName);
+    });
+}
+
+void TFrRichEditE::MergeFormat(const QTextCharFormat& format)
+{
+    QTextCursor cursor = RichEdit->textCursor();
+    if (!cursor.hasSelection())
+        cursor.select(QTextCursor::WordUnderCursor);
+    cursor.mergeCharFormat(format);
+    RichEdit->mergeCurrentCharFormat(format);
+    RichEdit->setFocus();
+}
+
+void TFrRichEditE::SetAlignment(Qt::Alignment alignment)
+{
+    RichEdit->setAlignment(alignment);
+    ShowFormat();
+}
+
+void TFrRichEditE::ToggleBullets(bool on)
+{
+    QTextCursor cursor = RichEdit->textCursor();
+    cursor.beginEditBlock();
+    if (on) {
+        cursor.createList(QTextListFormat::ListDisc);
+    } else if (QTextList* list = cursor.currentList()) {
+        // Out of the list, back to the paragraph's own indent.
+        list->remove(cursor.block());
+        QTextBlockFormat block = cursor.blockFormat();
+        block.setIndent(0);
+        cursor.setBlockFormat(block);
+    }
+    cursor.endEditBlock();
+    ShowFormat();
+}
+
+void TFrRichEditE::ShowFormat()
+{
+    if (FShowing)
+        return;
+    FShowing = true;
+    const QTextCharFormat f = RichEdit->currentCharFormat();
+    BtBold->setChecked(f.fontWeight() >= QFont::Bold);
+    BtItalic->setChecked(f.fontItalic());
+    BtUnderline->setChecked(f.fontUnderline());
+    const QFont font = f.font();
+    CBFont->setCurrentFont(font);
+    CBSize->setEditText(QString::number(font.pointSizeF() > 0 ? font.pointSizeF() : RichEdit->font().pointSizeF()));
+    const Qt::Alignment a = RichEdit->alignment();
+    BtLeft->setChecked(!(a & (Qt::AlignHCenter | Qt::AlignRight)));
+    BtCenter->setChecked(a & Qt::AlignHCenter);
+    BtRight->setChecked(a & Qt::AlignRight);
+    BtBullets->setChecked(RichEdit->textCursor().currentList() != nullptr);
+    FShowing = false;
+}
+
+void TFrRichEditE::BuildColorMenu()
+{
+    auto* menu = new QMenu(BtColor);
+    for (QRgb rgb : Colors) {
+        const QColor color(rgb);
+        QAction* action = menu->addAction(Swatch(color), color.name());
+        connect(action, &QAction::triggered, this, [this, color] {
+            QTextCharFormat f;
+            f.setForeground(color);
+            MergeFormat(f);
+        });
+    }
+    BtColor->setMenu(menu);
+    BtColor->setPopupMode(QToolButton::InstantPopup);
+}

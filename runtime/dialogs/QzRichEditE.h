@@ -1,0 +1,69 @@
+#pragma once
+// TFrRichEditE: the runtime's rich text window, which a rich edit's tool bar
+// opens to edit its text in a larger window with the usual formatting:
+// bold, italic, underline, font and size, colour, alignment and bullets.
+// A rich edit kept as plain text is edited without formatting. Nothing
+// reaches the lines before OK.
+
+#include "vcl/QzDialog.h"
+
+#include "ui_TFrRichEditE.h"
+
+#include "rtl/System.h"
+
+#include <functional>
+
+class QTextCharFormat;
+class QTextDocument;
+class TComponent;
+class TStrings;
+
+// How a rich edit's lines hold formatted text. By default they hold Qt's
+// rich text (HTML); a unit that reads and writes another format installs
+// it here, and the window and its files follow.
+struct TQzRichTextCodec {
+    // Fills document from text.
+    std::function<void(const AnsiString& text, QTextDocument& document)> Read;
+    std::function<AnsiString(const QTextDocument& document)> Write;
+    // The files of the format, in the suite's filter form; the window adds
+    // plain text files after them.
+    AnsiString FileFilter;
+};
+// Installs codec (one with an empty Read or Write: the default again);
+// returns the codec it replaces.
+TQzRichTextCodec SetQzRichTextCodec(TQzRichTextCodec codec);
+const TQzRichTextCodec& QzRichTextCodec();
+
+class TFrRichEditE : public TQzDialog, public Ui::TFrRichEditE {
+    Q_OBJECT
+
+public:
+    explicit TFrRichEditE(QWidget* parent = nullptr);
+
+    using TQzDialog::Execute;
+    // Runs the window titled caption on the text of lines; on OK the edited
+    // text replaces lines and the result is true. With no lines the window
+    // is a sample whose text goes nowhere.
+    bool Execute(const AnsiString& caption, TStrings* lines, bool plainText = false);
+    // The same on a rich edit control's lines, plain when its PlainText is
+    // set; nullptr: the sample.
+    bool Execute(const AnsiString& caption, TComponent* control);
+
+    bool PlainText() const { return FPlainText; }
+    void SetPlainText(bool value);
+    // The text in the lines' format.
+    AnsiString Text() const;
+    void SetText(const AnsiString& text);
+
+private:
+    void BtOpenClick();
+    void BtSaveClick();
+    void MergeFormat(const QTextCharFormat& format);
+    void SetAlignment(Qt::Alignment alignment);
+    void ToggleBullets(bool on);
+    void ShowFormat();
+    void BuildColorMenu();
+
+    bool FPlainText = false;
+    bool FShowing = false;
+};
