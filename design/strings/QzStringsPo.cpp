@@ -134,7 +134,8 @@ private:
         }
         const std::size_t space = rest.find_first_of(" \t");
         const std::string keyword = rest.substr(0, space);
-        const std::string value = space == std::string::npos ? std::string() : rest.substr(rest.find_first_not_of(" \t", space));
+        const std::size_t valueAt = space == std::string::npos ? space : rest.find_first_not_of(" \t", space);
+        const std::string value = valueAt == std::string::npos ? std::string() : rest.substr(valueAt);
         if (keyword == "msgctxt") {
             if (FHasStr)
                 Finish();

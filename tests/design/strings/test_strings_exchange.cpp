@@ -88,6 +88,7 @@ TEST(StringsExchange, AFileThatDoesNotReadNamesItsLineAndChangesNothing)
         {TQzExchangeFormat::Po, "msgid \"a\"\nmsgstr \"b\"\n", 1, "no msgctxt"},
         {TQzExchangeFormat::Po, "msgctxt \"text:1\"\nmsgid \"a\"\nmsgstr \"\\q\"\n", 3, "unknown escape"},
         {TQzExchangeFormat::Po, "msgctxt \"text:1\"\nmsgid \"a\"\n\n", 1, "no msgstr"},
+        {TQzExchangeFormat::Po, "msgctxt \"text:1\"\nmsgid \"a\"\nmsgstr   \n", 3, "quoted string"},
         {TQzExchangeFormat::Xliff, "<xliff>\n<file><body>\n<trans-unit id=\"label:1\">\n<source>a</target>", 4, ""},
         {TQzExchangeFormat::Xliff, "<html/>", 1, "not an XLIFF"},
         {TQzExchangeFormat::Xliff, "<xliff><file><body>\n\n<trans-unit id=\"img:1\"/>", 3, "names no label"},
