@@ -12,17 +12,21 @@
 #include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
+#include "runtime/model/QzPkgLanguage.h"
 #include "runtime/util/QzDesigner.h"
 
 #include "support/gui/QzModalDriver.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTableView>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -111,6 +115,17 @@ TEST_F(MemoryWindows, OpensOnTheReferenceAndStoresTheChoiceOnlyOnOk)
     EXPECT_EQ(Run<TFrMemoryMessage>(none, driver), mrOk);
     EXPECT_EQ(none.PkgName(), "User");
     EXPECT_EQ(none.Id(), -1);
+
+    // A package no list holds asks for a package first; nothing can be added to it.
+    TQzMemoryLabel lost;
+    lost.PkgId("Nowhere", 3);
+    TQzModalDriver nowhere;
+    nowhere.Then("package first", Expect("Nowhere", [](QWidget* w) {
+                     EXPECT_EQ(w->focusWidget(), TQzModalDriver::Find<QComboBox>(w, "EdPkg"));
+                     EXPECT_FALSE(TQzModalDriver::Find<QPushButton>(w, "BtAdd")->isEnabled());
+                 }))
+        .Click("BtCancel");
+    EXPECT_EQ(Run<TFrMemoryLabel>(lost, nowhere), mrCancel);
 
     // The default package and Id chosen by hand are stored as the default.
     TQzMemoryLabel ref("MAIN", 2, true);
@@ -240,6 +255,33 @@ TEST_F(MemoryWindows, APackageInItsOwnFileIsWrittenWhenTheEditorCloses)
     copy.LoadFromFile(file);
     EXPECT_EQ(copy.Labels()->FindId(0)->Text(), "Print");
     EXPECT_TRUE(FModified.empty());
+}
+
+TEST_F(MemoryWindows, ProtectingTheSystemPackageMarksTheFormOnlyWhenAFlagChanges)
+{
+    FApp->SetSystemEdit(true);
+    TQzPkgStrings* system = FApp->PkgLanguage()->PkgSystem();
+    system->Messages()->Add(26, "Delete?")->SetProtected(true);
+    system->Messages()->Add(27, "Clear?");
+    TQzMemoryMessage ref;
+    ref.PkgId("System", 26);
+    const auto trigger = [](const char* action) {
+        return [action](QWidget* w) { TQzModalDriver::Find<QAction>(w, action)->trigger(); };
+    };
+    TQzModalDriver driver;
+    driver.Then("unprotect", trigger("MnUnprotectAll"))
+        .Then("protect", trigger("MnProtectAll"))
+        .Then("protect again", trigger("MnProtectAll"))
+        .Then("a P column for System", Expect("P", [](QWidget* w) {
+                  const QAbstractItemModel* rows = TQzModalDriver::Find<QTableView>(w, "Messages")->model();
+                  ASSERT_EQ(rows->columnCount(), 3);
+                  EXPECT_EQ(rows->index(0, 1).data().toString(), "P");
+              }))
+        .Click("BtCancel");
+    EXPECT_EQ(Run<TFrMemoryMessage>(ref, driver), mrCancel);
+    EXPECT_EQ(FModified.size(), 2u);
+    for (int i = 0; i < system->Messages()->Count(); ++i)
+        EXPECT_TRUE(system->Messages()->GetItems(i)->Protected());
 }
 
 TEST_F(MemoryWindows, ManagerOpensOnTheChosenPackageAndId)
