@@ -44,6 +44,8 @@ TDialogName NameOf(TQzEditorDialog kind)
     case TQzEditorDialog::RichEditor: return {"TFrRichEditE", "The rich text editor"};
     case TQzEditorDialog::Help: return {"TFrMsgHlp", "The help window"};
     case TQzEditorDialog::PopupMenu: return {"TQzPopupMenu", "The popup menu display"};
+    case TQzEditorDialog::Hints: return {"TFrHints", "The hints dialog"};
+    case TQzEditorDialog::CommonWnds: return {"TFrCommonWnds", "The common windows dialog"};
     }
     return {"", "This window"};
 }

@@ -47,6 +47,9 @@ enum class TQzEditorDialog {
     RichEditor,       // TFrRichEditE: Caption
     Help,             // TFrMsgHlp: PkgName, TopicId, Text
     PopupMenu,        // a popup menu shown where the mouse is: Component the TQzPopupMenu
+    // the display package's settings, opened from the display dialog
+    Hints,            // TFrHints: Package the display package
+    CommonWnds,       // TFrCommonWnds: Package the display package
 };
 
 struct TQzEditorDialogRequest {

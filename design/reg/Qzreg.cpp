@@ -5,7 +5,12 @@
 
 #include "design/reg/Qzreg.h"
 
+#include "design/controls/QzRuntimeWindowsReg.h"
+#include "design/controls/Qzvtabout.h"
+#include "design/controls/Qzvtcommonwnds.h"
+#include "design/controls/Qzvthints.h"
 #include "design/controls/Qzvtmask.h"
+#include "design/controls/Qzvtscrollbars.h"
 #include "design/images/QzImagesReg.h"
 #include "design/images/Qzruler.h"
 #include "design/manager/QzManagerReg.h"
@@ -264,6 +269,11 @@ void Register()
     // The windows the editors open; installing them registers nothing the
     // designer lists.
     RegisterQzvtmask();
+    RegisterQzvtabout();
+    RegisterQzvtscrollbars();
+    RegisterQzvthints();
+    RegisterQzvtcommonwnds();
+    RegisterQzvtruntimewindows();
     RegisterQzvtpkgvars();
     RegisterPkgFilesWindows();
     RegisterStringsWindows();

@@ -1,0 +1,39 @@
+#pragma once
+// TFrHints: how the application's hints look. The margins around a hint's
+// text and whether a hint takes the shape of its background picture are
+// the display package's; the preview draws a sample hint with them and with
+// the package's hint sets, as the running application will. Nothing
+// reaches the package before OK.
+
+#include "vcl/QzDialog.h"
+
+#include "ui_TFrHints.h"
+
+#include "runtime/model/QzPkgDisplay.h"
+
+class TQzPreviewPane;
+
+class TFrHints : public TQzDialog, public Ui::TFrHints {
+    Q_OBJECT
+
+public:
+    explicit TFrHints(QWidget* parent = nullptr);
+
+    void SetDisplay(TQzPkgDisplay* display);
+    // mrOk when the settings were written to the display package.
+    TModalResult Execute() override;
+
+    // The geometry as the controls hold it now.
+    TQzDisplayGeometry Geometry() const;
+
+    void accept() override;
+
+private:
+    void PaintPreview(QPainter& painter);
+
+    TQzPkgDisplay* FDisplay = nullptr;
+    TQzDisplayGeometry FGeometry;
+    TQzPreviewPane* FPreview = nullptr;
+};
+
+void RegisterQzvthints();
