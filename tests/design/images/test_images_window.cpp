@@ -299,14 +299,29 @@ TEST_F(ImagesWindow, ImportFillsFreeIdsFromTheIdAsked)
     TFrImportImages::SetLastFileName("");
 }
 
-TEST_F(ImagesWindow, ThePlacementIsKeptInThePackage)
+// Opened from the display editor the editor shows no file commands and
+// leaves the marking of the form to that editor.
+TEST_F(ImagesWindow, ThePlacementIsKeptInThePackageAndMarkedUnlessEmbedded)
 {
-    EXPECT_EQ(FPackage->Placement().Left, 2147483647) << "never placed";
-    TQzModalDriver driver;
-    driver.Then("move", [](QWidget* w) { w->move(w->pos() + QPoint(10, 10)); }).Click("BtOk");
-    Run(driver);
-    EXPECT_NE(FPackage->Placement().Left, 2147483647);
-    EXPECT_EQ(FModified, 1) << "the new placement marks the form";
+    for (const bool embedded : {false, true}) {
+        FModified = 0;
+        TQzModalDriver driver;
+        driver
+            .Then("move",
+                  [embedded](QWidget* w) {
+                      EXPECT_EQ(TQzModalDriver::Find<QPushButton>(w, "BtLoad")->isVisible(), !embedded);
+                      w->move(w->pos() + QPoint(10, 10));
+                  })
+            .Click("BtOk");
+        TFrPkgImages form;
+        form.SetPackage(FPackage);
+        form.SetEmbedded(embedded);
+        const TQzWindowPlacement before = FPackage->Placement();
+        EXPECT_EQ(before.IsPlaced(), embedded) << "a new package was never placed";
+        form.Execute();
+        EXPECT_FALSE(FPackage->Placement() == before) << embedded;
+        EXPECT_EQ(FModified, embedded ? 0 : 1) << embedded;
+    }
 }
 
 TEST_F(ImagesWindow, SystemImagesAreRefreshedFromAnExistingDisplayFileOnly)
