@@ -12,6 +12,7 @@
 
 #include "runtime/components/Controls.h"
 #include "runtime/components/Forms.h"
+#include "runtime/model/QzGlobals.h"
 
 #include "rtl/ComponentStream.h"
 #include "rtl/FormText.h"
@@ -262,14 +263,16 @@ TEST_F(TIdeEditingTest, ComponentEditorVerbs)
     EXPECT_EQ(appVerbs.front(), "About QzControls ...");
     const QStringList pkgVerbs = s->Verbs(Find("PkgStrings"));
     ASSERT_EQ(pkgVerbs.size(), 1);
-    // The package list has no window in this build: the verb says so, and
-    // the form is not changed by it.
-    FDialogs->Script().AnswerMessage(mbOK);
+    // The package list opens beside the designer without a word and
+    // without changing the form.
     const std::string before = Main()->Snapshot();
     EXPECT_TRUE(s->ExecuteVerb(Find("PkgStrings"), 0));
-    EXPECT_EQ(FDialogs->Script().Calls().size(), 1u);
+    ASSERT_NE(FrPkgStringsActive, nullptr);
+    EXPECT_TRUE(FrPkgStringsActive->isVisible());
+    EXPECT_TRUE(FDialogs->Script().Calls().empty());
     EXPECT_EQ(Main()->Snapshot(), before);
     EXPECT_EQ(Main()->UndoStack()->count(), 0);
+    FrPkgStringsActive->close();
     EXPECT_FALSE(s->ExecuteVerb(Find("PkgStrings"), 5));   // no such verb
 }
 
