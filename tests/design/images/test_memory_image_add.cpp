@@ -167,6 +167,36 @@ TEST_F(MemoryImageAdd, MasksAreMadeFromAColourOrAFileAndCleared)
     EXPECT_FALSE(dialog.LaMask->isChecked());
 }
 
+TEST_F(MemoryImageAdd, ANameWithoutExtensionTakesTheChosenFiltersOne)
+{
+    const struct {
+        const char* GraphicClass;
+        const char* Name;
+        int Filter;
+        const char* Written;
+    } cases[] = {
+        {"TBitmap", "pic", 1, "pic.bmp"},
+        {"TBitmap", "pic", 2, "pic.IMQZ"},
+        {"TJPEGImage", "pic", 1, "pic.jpg"},
+        {"TPngImage", "pic.dat", 2, "pic.dat"},
+    };
+    for (const auto& c : cases) {
+        TQzPkgImagesImage* image = Pkg->Images()->Add(Pkg->Images()->UniqueId());
+        image->SetPicture("x", c.GraphicClass, 1, 1);
+        EXPECT_EQ(QzImageSaveName(c.Name, c.Filter, *image), c.Written) << c.GraphicClass << " " << c.Filter;
+    }
+
+    // Through the dialog: the picture's own format first, then the suite's.
+    TFrMemoryImageAdd dialog;
+    TQzPicture(dialog.WorkingImage()).LoadFromBytes(Png(Diagonal()), "diagonal.png");
+    TQzTestDialogs dialogs;
+    dialogs->AnswerSavePicture(QzAnsiPath("saved"));
+    dialog.BtSaveClick();
+    EXPECT_EQ(dialogs->Calls()[0].File.Filter,
+              "Portable Network Graphics (*.png)|*.png|QzControls Image Files lala(*.imqz)|*.IMQZ");
+    EXPECT_EQ(ReadFileBytes(QzAnsiPath("saved.png")), dialog.WorkingImage()->PictureData());
+}
+
 TEST_F(MemoryImageAdd, OnlyOkWithAFreeIdWritesThePackage)
 {
     const std::string stored = Pkg->Images()->FindId(3)->PictureData();
