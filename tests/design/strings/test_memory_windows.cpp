@@ -8,6 +8,7 @@
 #include "design/strings/Qzvtmemorylabel.h"
 #include "design/strings/Qzvtmemorylabeladd.h"
 #include "design/strings/Qzvtmemorymessage.h"
+#include "design/strings/Qzvtmemorymessageadd.h"
 #include "design/strings/Qzvtmemorytext.h"
 #include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/files/QzPkgFiles.h"
@@ -223,6 +224,25 @@ TEST_F(MemoryWindows, AddDialogKeepsItselfOpenOnARefusedIdAndShowsProtectedForSy
     EXPECT_EQ(add.Execute(FPkg, false, 0), 1);
     EXPECT_EQ(FPkg->Labels()->FindId(7)->Text(), "Two\r\nlines");
     EXPECT_EQ(FDialogs->Calls().size(), 1u);
+    FPkg->Messages()->Add(7, "Taken");
+
+    // Modify starts from the item and may move it to a free Id only.
+    TFrMemoryMessageAdd modify;
+    FDialogs->AnswerMessage(mbOK);
+    TQzModalDriver moving;
+    moving
+        .Then("filled from the item", Expect("modify", [](QWidget* w) {
+                  EXPECT_EQ(Text(w, "EdId"), "3");
+                  EXPECT_EQ(TQzModalDriver::Find<QPlainTextEdit>(w, "EdMessage")->toPlainText(), "Really?");
+              }))
+        .SetText("EdId", "7")
+        .Click("BtOk")
+        .Then("text", [](QWidget* w) { TQzModalDriver::Find<QPlainTextEdit>(w, "EdMessage")->setPlainText("Sure?"); })
+        .SetText("EdId", "8")
+        .Click("BtOk");
+    EXPECT_EQ(modify.Execute(FPkg, true, 3), 1);
+    EXPECT_EQ(FPkg->Messages()->FindId(3), nullptr);
+    EXPECT_EQ(FPkg->Messages()->FindId(8)->Text(), "Sure?");
 
     for (const char* name : {"System", "system", "MAIN"}) {
         SCOPED_TRACE(name);
