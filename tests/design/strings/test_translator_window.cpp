@@ -2,6 +2,7 @@
 // what the menus allow on each, Add and Delete writing to the edited
 // package and telling the designer, the filters and the right button.
 
+#include "design/strings/Qzvtopenfiles.h"
 #include "design/strings/Qzvtpkgstrings.h"
 #include "design/strings/Qzvtpkgstringstranslator.h"
 
@@ -16,7 +17,9 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QStatusBar>
@@ -259,6 +262,40 @@ TEST_F(TranslatorWindow, TheStringsEditorOpensTheTranslatorOfItsPageAndLendsItsD
     editor.Execute();
     EXPECT_TRUE(driver.Finished());
     EXPECT_EQ(FPackage->Labels()->FindId(2), nullptr);
+}
+
+TEST_F(TranslatorWindow, TheFilePickerListsTheMaskAndTakesANewName)
+{
+    for (const char* name : {"b.lan", "a.lan", "notes.txt"}) {
+        QFile file(FDir.path() + "/" + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    const AnsiString folder = FDir.path().toStdString();
+    struct Case {
+        const char* Typed;   // nullptr: the listed file picked
+        AnsiString Chosen;
+    };
+    const Case cases[] = {
+        {nullptr, folder + "/a.lan"},
+        {"Spanish", folder + "/Spanish.lan"},    // new, the mask's extension added
+        {"/elsewhere/French.lan", "/elsewhere/French.lan"},
+    };
+    for (const Case& c : cases) {
+        TQzModalDriver driver;
+        driver.Then("listed", [](QWidget* w) {
+            auto* list = TQzModalDriver::Find<QListWidget>(w, "FileList");
+            ASSERT_EQ(list->count(), 2);
+            EXPECT_EQ(list->item(0)->text(), "a.lan");
+            list->setCurrentRow(0);
+        });
+        if (c.Typed)
+            driver.SetText("EdFileName", c.Typed);
+        driver.Click("BtOk");
+        TFrOpenFiles files;
+        EXPECT_EQ(files.Execute(folder, "*.lan"), mrOk);
+        EXPECT_EQ(files.FileName(), c.Chosen);
+        EXPECT_TRUE(driver.Finished());
+    }
 }
 
 }  // namespace
