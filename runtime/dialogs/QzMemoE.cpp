@@ -9,6 +9,15 @@
 
 const char* const QzTextFileFilter = "Text files (*.txt)|*.txt|All files (*.*)|*.*";
 
+AnsiString QzEditorText(const TStrings& lines)
+{
+    TStringList copy;
+    copy.Assign(lines);
+    copy.SetLineBreak("\n");
+    copy.SetTrailingLineBreak(false);
+    return copy.Text();
+}
+
 TFrMemoE::TFrMemoE(QWidget* parent) : TQzDialog(parent)
 {
     setupUi(this);
@@ -26,7 +35,7 @@ bool TFrMemoE::Execute(const AnsiString& caption, TStrings* lines)
 {
     if (!caption.empty())
         setWindowTitle(QzQString(caption));
-    SetText(lines ? lines->Text() : AnsiString());
+    SetText(lines ? QzEditorText(*lines) : AnsiString());
     Memo->setFocus();
     if (Execute() != mrOk)
         return false;
@@ -42,13 +51,9 @@ AnsiString TFrMemoE::Text() const
 
 void TFrMemoE::SetText(const AnsiString& text)
 {
-    // The lines' text ends with a line break the editor would show as an
-    // empty last line.
     TStringList lines;
     lines.SetText(text);
-    lines.SetLineBreak("\n");
-    lines.SetTrailingLineBreak(false);
-    Memo->setPlainText(QzQString(lines.Text()));
+    Memo->setPlainText(QzQString(QzEditorText(lines)));
     UpdatePosition();
 }
 

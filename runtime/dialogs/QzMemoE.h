@@ -32,5 +32,9 @@ private:
     void UpdatePosition();
 };
 
+// The text of lines as an editor shows it: lines joined by "\n", with no
+// break after the last, which would show as an empty last line.
+AnsiString QzEditorText(const TStrings& lines);
+
 // The filter of the text files the memo and rich text windows open and save.
 extern const char* const QzTextFileFilter;

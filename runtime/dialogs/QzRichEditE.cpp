@@ -142,7 +142,7 @@ bool TFrRichEditE::Execute(const AnsiString& caption, TStrings* lines, bool plai
     if (!caption.empty())
         setWindowTitle(QzQString(caption));
     SetPlainText(plainText);
-    SetText(lines ? lines->Text() : AnsiString());
+    SetText(lines ? QzEditorText(*lines) : AnsiString());
     RichEdit->setFocus();
     if (Execute() != mrOk)
         return false;
@@ -197,9 +197,9 @@ void TFrRichEditE::BtOpenClick()
         TStringList lines;
         lines.LoadFromFile(fileName);
         if (IsPlainFile(fileName))
-            RichEdit->setPlainText(QzQString(lines.Text()));
+            RichEdit->setPlainText(QzQString(QzEditorText(lines)));
         else
-            SetText(lines.Text());
+            SetText(QzEditorText(lines));
     });
 }
 
