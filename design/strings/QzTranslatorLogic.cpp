@@ -125,12 +125,21 @@ Integer QzTranslatorFreeId(const TQzPkgIdCollection* edited, const TQzPkgIdColle
 AnsiString QzProjectFormFileOf(const TComponent* root)
 {
     TProjectServices* project = GetProjectServices();
-    if (project == nullptr || root == nullptr || root->Name().empty())
+    if (project == nullptr || root == nullptr)
         return {};
+    // The form open in a designer is the surest sign; a project file's
+    // form names serve for forms no designer has.
+    auto* folder = dynamic_cast<TFolderProject*>(project);
     for (int i = 0; i < project->ModuleCount(); ++i) {
         const TProjectModule& m = project->Module(i);
-        if (m.HasForm() && SameText(m.FormName, root->Name()))
-            return m.FormFileName();
+        if (!m.HasForm())
+            continue;
+        const AnsiString file = m.FormFile.empty() ? m.FormFileName() : m.FormFile;
+        IDesigner* designer = folder ? folder->Designers().FindDesigner(file) : nullptr;
+        if (designer && designer->GetRoot() == root)
+            return file;
+        if (!m.FormName.empty() && SameText(m.FormName, root->Name()))
+            return file;
     }
     return {};
 }

@@ -52,7 +52,8 @@ Integer QzTranslatorFreeId(const TQzPkgIdCollection* edited, const TQzPkgIdColle
 
 // Finds the form file a root component was loaded from; empty when unknown.
 using TQzFormFileOf = std::function<AnsiString(const TComponent* root)>;
-// Through the open project: the module whose form has the root's name.
+// Through the open project: the module whose form a designer shows as
+// root, or whose form the project file names as the root is named.
 AnsiString QzProjectFormFileOf(const TComponent* root);
 
 // The package that holds the translation, owned by the translator. A

@@ -3,9 +3,12 @@
 
 #include "design/strings/QzTranslatorLogic.h"
 
+#include "designide/QzPortDsgn.h"
+#include "runtime/components/QzComponentsReg.h"
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzPkgLanguage.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -75,6 +78,25 @@ TEST(TranslatorLogic, TheTranslationFileFollowsWhereTheEditedPackageLives)
         EXPECT_EQ(t.FileMask(), c.Mask) << c.What;
         EXPECT_EQ(t.Strings()->PkgName(), c.StringsName) << c.What;
     }
+}
+
+TEST(TranslatorLogic, TheOpenProjectTellsTheFormFileOfARoot)
+{
+    RegisterQzComponentClasses();
+    QTemporaryDir dir;
+    const AnsiString form = dir.path().toStdString() + "/Unit1.dfm";
+    QFile file(QString::fromStdString(form));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("object Form1: TForm\nend\n");
+    file.close();
+    TFolderProject project(dir.path().toStdString());
+    TProjectServicesScope scope(&project);
+    IDesigner* designer = project.Designers().OpenDesigner(form);
+    ASSERT_NE(designer, nullptr);
+    EXPECT_EQ(QzProjectFormFileOf(designer->GetRoot()), form);
+    TComponent other(nullptr);
+    other.SetName("Form1");
+    EXPECT_EQ(QzProjectFormFileOf(&other), "") << "a root of that name that no designer shows";
 }
 
 TEST(TranslatorLogic, TheTranslationTakesNoNameOverInTheRegistry)
