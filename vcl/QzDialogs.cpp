@@ -105,3 +105,13 @@ AnsiString QzSaveFile(const TQzFileRequest& request)
 {
     return QzDialogs().SaveFile(request);
 }
+
+bool QzChooseColor(QColor& color, QWidget* parent)
+{
+    return QzDialogs().ChooseColor(color, parent);
+}
+
+bool QzChooseFont(QFont& font, QWidget* parent)
+{
+    return QzDialogs().ChooseFont(font, parent);
+}

@@ -13,6 +13,8 @@
 #include <memory>
 #include <vector>
 
+class QColor;
+class QFont;
 class QPrinter;
 class QWidget;
 
@@ -105,6 +107,10 @@ public:
     virtual bool PrinterSetup(QPrinter& printer, QWidget* parent) = 0;
     // The printer reports go to.
     virtual std::unique_ptr<QPrinter> CreatePrinter() = 0;
+    // The platform's colour and font dialogs, started on `color` or `font`
+    // and leaving the choice there; false (and nothing changed) when cancelled.
+    virtual bool ChooseColor(QColor& color, QWidget* parent) = 0;
+    virtual bool ChooseFont(QFont& font, QWidget* parent) = 0;
 };
 
 // The dialogs in use: the one installed last, else Qt's.
@@ -132,3 +138,6 @@ TModalResult QzMessage(const AnsiString& text, TMsgDlgType type = mtInformation,
 // Convenience forms of the common dialogs: the first file chosen (or empty).
 AnsiString QzOpenFile(const TQzFileRequest& request);
 AnsiString QzSaveFile(const TQzFileRequest& request);
+// The colour and font dialogs through the installed dialogs.
+bool QzChooseColor(QColor& color, QWidget* parent = nullptr);
+bool QzChooseFont(QFont& font, QWidget* parent = nullptr);

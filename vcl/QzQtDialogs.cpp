@@ -4,7 +4,9 @@
 #include "vcl/QzQtString.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QGridLayout>
 #include <QImageReader>
 #include <QImageWriter>
@@ -255,4 +257,22 @@ bool TQzQtDialogs::PrinterSetup(QPrinter& printer, QWidget* parent)
 std::unique_ptr<QPrinter> TQzQtDialogs::CreatePrinter()
 {
     return std::make_unique<QPrinter>(QPrinter::HighResolution);
+}
+
+bool TQzQtDialogs::ChooseColor(QColor& color, QWidget* parent)
+{
+    const QColor chosen = QColorDialog::getColor(color, ParentOr(parent));
+    if (!chosen.isValid())
+        return false;
+    color = chosen;
+    return true;
+}
+
+bool TQzQtDialogs::ChooseFont(QFont& font, QWidget* parent)
+{
+    bool ok = false;
+    const QFont chosen = QFontDialog::getFont(&ok, font, ParentOr(parent));
+    if (ok)
+        font = chosen;
+    return ok;
 }

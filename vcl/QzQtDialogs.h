@@ -14,6 +14,8 @@ public:
     AnsiString SavePicture(const TQzFileRequest& request) override;
     bool PrinterSetup(QPrinter& printer, QWidget* parent) override;
     std::unique_ptr<QPrinter> CreatePrinter() override;
+    bool ChooseColor(QColor& color, QWidget* parent) override;
+    bool ChooseFont(QFont& font, QWidget* parent) override;
 };
 
 // The filters of every picture format the program reads (or writes), in the

@@ -72,6 +72,8 @@ const char* QzDialogKindName(TQzDialogKind kind)
     case TQzDialogKind::SavePicture: return "save picture dialog";
     case TQzDialogKind::PrinterSetup: return "printer set-up";
     case TQzDialogKind::Printer: return "printer";
+    case TQzDialogKind::Color: return "colour dialog";
+    case TQzDialogKind::Font: return "font dialog";
     }
     return "dialog";
 }
@@ -94,6 +96,10 @@ AnsiString TQzScriptedDialogs::TAnswer::Description() const
         return text + " answered " + (Button ? ButtonName(*Button) : AnsiString("with its default button"));
     case TQzDialogKind::PrinterSetup:
         return text + (Accepted ? " accepted" : " cancelled");
+    case TQzDialogKind::Color:
+        return text + (Accepted ? " answered " + QzAnsiString(Color.name()) : AnsiString(" cancelled"));
+    case TQzDialogKind::Font:
+        return text + (Accepted ? " answered " + QzAnsiString(Font.family()) : AnsiString(" cancelled"));
     case TQzDialogKind::Printer:
         return text + " printing to \"" + Files.front() + "\"";
     default:
@@ -154,6 +160,20 @@ TQzScriptedDialogs& TQzScriptedDialogs::AnswerSavePicture(AnsiString file)
     if (!file.empty())
         files.push_back(std::move(file));
     return Queue({TQzDialogKind::SavePicture, std::nullopt, std::move(files), false});
+}
+
+TQzScriptedDialogs& TQzScriptedDialogs::AnswerColor(const QColor& color)
+{
+    TAnswer answer{TQzDialogKind::Color, std::nullopt, {}, color.isValid()};
+    answer.Color = color;
+    return Queue(std::move(answer));
+}
+
+TQzScriptedDialogs& TQzScriptedDialogs::AnswerFont(const QFont& font, bool accepted)
+{
+    TAnswer answer{TQzDialogKind::Font, std::nullopt, {}, accepted};
+    answer.Font = font;
+    return Queue(std::move(answer));
 }
 
 TQzScriptedDialogs& TQzScriptedDialogs::AnswerPrinterSetup(bool accepted)
@@ -288,4 +308,26 @@ std::unique_ptr<QPrinter> TQzScriptedDialogs::CreatePrinter()
     // Without a scripted file the printer has nowhere to write: printing on
     // it fails with EPrinter instead of reaching a real printer.
     return QzCreatePdfPrinter(answer ? QzQString(answer->Files.front()) : QString());
+}
+
+bool TQzScriptedDialogs::ChooseColor(QColor& color, QWidget* /*parent*/)
+{
+    TQzDialogCall call;
+    call.Kind = TQzDialogKind::Color;
+    const std::optional<TAnswer> answer = Take(call);
+    if (!answer || !answer->Accepted)
+        return false;
+    color = answer->Color;
+    return true;
+}
+
+bool TQzScriptedDialogs::ChooseFont(QFont& font, QWidget* /*parent*/)
+{
+    TQzDialogCall call;
+    call.Kind = TQzDialogKind::Font;
+    const std::optional<TAnswer> answer = Take(call);
+    if (!answer || !answer->Accepted)
+        return false;
+    font = answer->Font;
+    return true;
 }

@@ -8,11 +8,16 @@
 
 #include "vcl/QzDialogs.h"
 
+#include <QColor>
+#include <QFont>
+
 #include <deque>
 #include <functional>
 #include <optional>
 
-enum class TQzDialogKind { Message, OpenFiles, SaveFile, Folder, OpenPictures, SavePicture, PrinterSetup, Printer };
+enum class TQzDialogKind {
+    Message, OpenFiles, SaveFile, Folder, OpenPictures, SavePicture, PrinterSetup, Printer, Color, Font
+};
 const char* QzDialogKindName(TQzDialogKind kind);  // "message box", "open dialog", ...
 
 // One question as the scripted dialogs saw it.
@@ -40,6 +45,8 @@ public:
     TQzScriptedDialogs& AnswerSavePicture(AnsiString file);
     TQzScriptedDialogs& AnswerPrinterSetup(bool accepted);
     TQzScriptedDialogs& PrintTo(AnsiString pdfFile);  // the next printer created
+    TQzScriptedDialogs& AnswerColor(const QColor& color);  // an invalid colour cancels
+    TQzScriptedDialogs& AnswerFont(const QFont& font, bool accepted = true);
 
     // Every question asked, scripted or not, in order.
     const std::vector<TQzDialogCall>& Calls() const { return FCalls; }
@@ -61,13 +68,17 @@ public:
     AnsiString SavePicture(const TQzFileRequest& request) override;
     bool PrinterSetup(QPrinter& printer, QWidget* parent) override;
     std::unique_ptr<QPrinter> CreatePrinter() override;
+    bool ChooseColor(QColor& color, QWidget* parent) override;
+    bool ChooseFont(QFont& font, QWidget* parent) override;
 
 private:
     struct TAnswer {
         TQzDialogKind Kind;
         std::optional<TMsgDlgBtn> Button;  // message: nullopt = the default button
         std::vector<AnsiString> Files;     // file, picture and folder dialogs; PDF of a printer
-        bool Accepted = false;             // printer set-up
+        bool Accepted = false;             // printer set-up, colour and font
+        QColor Color;
+        QFont Font;
         AnsiString Description() const;
     };
 
