@@ -54,6 +54,18 @@ constexpr TQzSystemString Texts[] = {
      "'u' upper case, 'l' lower case, 'f' first character in upper case, '*' password entry, 'r' data "
      "aligned right.",
      ""},
+    {stHelpWindow,
+     "The help window\r\n"
+     "\r\n"
+     "A message that needs more explanation than its box can hold comes with a help page: the message is "
+     "shown on top and the page under it.\r\n"
+     "\r\n"
+     "Help pages are texts of a strings package. The first line of a text is the page's title; the rest is "
+     "its body. The suite's own pages are texts of the \"System\" package, and an application adds its own "
+     "pages to any strings package it ships.\r\n"
+     "\r\n"
+     "Copy puts the message and its page on the clipboard, to paste into a report.",
+     ""},
 };
 
 const char* Find(std::span<const TQzSystemString> table, Integer id)

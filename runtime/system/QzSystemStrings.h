@@ -45,6 +45,7 @@ enum TQzSystemLabelId : Integer {
 // Texts: the help pages of the runtime's help window.
 enum TQzSystemTextId : Integer {
     stMaskHelp = 1,   // the options of an edit mask
+    stHelpWindow = 4, // the help window itself, the page of its sample
 };
 
 // The tables, ascending by Id.
