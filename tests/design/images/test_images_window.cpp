@@ -139,6 +139,43 @@ TEST_F(ImagesWindow, TypingAnIdSelectsItsImageAndAClickWritesTheId)
     EXPECT_EQ(Run(driver), mrOk);
 }
 
+TEST_F(ImagesWindow, AddedAndRenumberedImagesAreSelectedUnderTheirNewIds)
+{
+    QImage picture(24, 24, QImage::Format_RGB32);
+    picture.fill(Qt::darkGreen);
+    ASSERT_TRUE(picture.save(Path("new.png")));
+    TQzTestDialogs dialogs;
+    dialogs->AnswerOpenPictures({Path("new.png").toStdString()});
+    TQzModalDriver driver;
+    driver.Click("BtAdd")
+        .Then("the free Id is offered",
+              [](QWidget* w) {
+                  EXPECT_EQ(w->windowTitle(), "Add Image");
+                  EXPECT_EQ(TQzModalDriver::Find<QLineEdit>(w, "EdId")->text(), "0");
+              })
+        .Click("BtLoad")
+        .Click("BtOk")
+        .Then("the new image is selected",
+              [](QWidget* w) {
+                  EXPECT_EQ(Editor(w)->EdId->text(), "0");
+                  EXPECT_EQ(Editor(w)->Images->SelectedImage()->Width(), 24);
+                  EXPECT_EQ(Status(w).left(9), "4 Images ");
+              })
+        .Type("EdId", "7")
+        .Click("BtModify")
+        .Then("renumber", [](QWidget* w) { EXPECT_EQ(w->windowTitle(), "Modify Image"); })
+        .Type("EdId", "40")
+        .Click("BtOk")
+        .Then("the image moved to its new place",
+              [](QWidget* w) {
+                  EXPECT_EQ(Editor(w)->EdId->text(), "40");
+                  EXPECT_EQ(Editor(w)->Images->SelectedRow(), 3);
+              })
+        .Click("BtOk");
+    Run(driver);
+    EXPECT_EQ(Ids(*FPackage), (std::vector<Integer>{0, 3, 12, 40}));
+}
+
 TEST_F(ImagesWindow, DeletingAsksAndPassesTheSelectionOnThenClearAllEmptiesThePackage)
 {
     TQzTestDialogs dialogs;
