@@ -15,6 +15,7 @@
 #include "rtl/Streams.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
@@ -137,6 +138,9 @@ public:
             FUnlocked = std::make_unique<TQzPkgInfo::TSystemUpdate>(*FStrings);
             FPackage = std::move(language);
         } else {
+            // The project of one form takes names relative to the form's
+            // own folder: the form is named to it in full.
+            FFile = std::filesystem::absolute(file.c_str()).lexically_normal().string();
             LoadForm(packageName);
         }
     }
