@@ -124,12 +124,7 @@ TFrPkgStringsTranslator::TFrPkgStringsTranslator(TQzTranslatorKind kind, QWidget
         const Integer id = FIds[static_cast<size_t>(row)];
         switch (column) {
         case IdColumn: return QString::number(id);
-        case MarkColumn: {
-            const bool fails = !QzTranslatorRowChecks(QzTranslatorSide(FPackage, FKind, id),
-                                                      QzTranslatorSide(FTranslation->Strings(), FKind, id))
-                                    .empty();
-            return fails ? QStringLiteral("!") : QString();
-        }
+        case MarkColumn: return RowChecks(id).empty() ? QString() : QStringLiteral("!");
         case EditedColumn: return OneLine(QzTranslatorSide(FPackage, FKind, id).Text);
         default: return OneLine(QzTranslatorSide(FTranslation->Strings(), FKind, id).Text);
         }
@@ -144,9 +139,7 @@ TFrPkgStringsTranslator::TFrPkgStringsTranslator(TQzTranslatorKind kind, QWidget
     FModel->MarkTip = [this](int row) -> QString {
         if (row < 0 || row >= static_cast<int>(FIds.size()))
             return {};
-        const Integer id = FIds[static_cast<size_t>(row)];
-        return CheckList(QzTranslatorRowChecks(QzTranslatorSide(FPackage, FKind, id),
-                                               QzTranslatorSide(FTranslation->Strings(), FKind, id)));
+        return CheckList(RowChecks(FIds[static_cast<size_t>(row)]));
     };
     List->SetSortable(false);
     List->SetSearchColumn(IdColumn);
@@ -169,6 +162,11 @@ TFrPkgStringsTranslator::TFrPkgStringsTranslator(TQzTranslatorKind kind, QWidget
 }
 
 TFrPkgStringsTranslator::~TFrPkgStringsTranslator() = default;
+
+std::vector<AnsiString> TFrPkgStringsTranslator::RowChecks(Integer id) const
+{
+    return QzTranslatorRowChecks(QzTranslatorSide(FPackage, FKind, id), QzTranslatorSide(FTranslation->Strings(), FKind, id));
+}
 
 void TFrPkgStringsTranslator::CreateMenus()
 {

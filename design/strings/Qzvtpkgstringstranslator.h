@@ -131,6 +131,8 @@ private:
     void LabelsClick();
     bool ListMouse(QMouseEvent* event);
     void Modified();
+    // The checks the row of id fails (the marker and its tooltip).
+    std::vector<AnsiString> RowChecks(Integer id) const;
     void RunAddDialog(Integer id, bool modify);
     std::unique_ptr<TFrPkgStringsTranslatorAdd> CreateAddDialog();
 
