@@ -105,6 +105,7 @@ void TFrPkgImages::CreateMenus()
     MakeSeparator(PopupMenu1, "N2");
     MnImport = MakeAction(PopupMenu1, "MnImport", "Import Images");
     MnWhereUsed = MakeAction(PopupMenu1, "MnWhereUsed", "Where Is It Used...");
+    MnReportPdf = MakeAction(PopupMenu1, "MnReportPdf", "Save Report As PDF...");
     N3 = MakeSeparator(PopupMenu1, "N3");
     MnUpdateSystemImages = MakeAction(PopupMenu1, "MnUpdateSystemImages", "Update System Images");
     N4 = MakeSeparator(PopupMenu1, "N4");
@@ -115,6 +116,7 @@ void TFrPkgImages::CreateMenus()
         connect(action, &QAction::toggled, this, &TFrPkgImages::MenuOptionsChanged);
     connect(MnImport, &QAction::triggered, this, &TFrPkgImages::MnImportClick);
     connect(MnWhereUsed, &QAction::triggered, this, &TFrPkgImages::MnWhereUsedClick);
+    connect(MnReportPdf, &QAction::triggered, this, &TFrPkgImages::MnReportPdfClick);
     connect(MnUpdateSystemImages, &QAction::triggered, this, &TFrPkgImages::MnUpdateSystemImagesClick);
     connect(MnProtectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(true); });
     connect(MnUnprotectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(false); });
@@ -234,6 +236,7 @@ void TFrPkgImages::ChangeState()
     Images->setFocusPolicy(valid ? Qt::StrongFocus : Qt::ClickFocus);
     for (QWidget* w : std::initializer_list<QWidget*>{BtLoad, BtSave, BtSaveTo, BtReport, BtManager, BtSynchronizer})
         w->setEnabled(FPackage != nullptr);
+    MnReportPdf->setEnabled(FPackage != nullptr);
     MnWhereUsed->setEnabled(FPackage && Images->SelectedRow() >= 0);
 }
 
@@ -526,6 +529,25 @@ void TFrPkgImages::BtReportClick()
     if (!printer || !QzDialogs().PrinterSetup(*printer, this))
         return;
     QzRunReportingErrors(this, [&] { PrintReport(*printer); });
+}
+
+void TFrPkgImages::MnReportPdfClick()
+{
+    if (!FPackage)
+        return;
+    TQzFileRequest request;
+    request.Title = "Save Report As PDF";
+    request.Filter = "PDF files (*.pdf)|*.pdf|All files (*.*)|*.*";
+    request.DefaultExt = "pdf";
+    request.FileName = FPackage->PkgName() + ".pdf";
+    request.Parent = this;
+    const AnsiString name = QzSaveFile(request);
+    if (name.empty())
+        return;
+    QzRunReportingErrors(this, [&] {
+        std::unique_ptr<QPrinter> printer = QzCreatePdfPrinter(QzQString(name));
+        PrintReport(*printer);
+    });
 }
 
 void TFrPkgImages::PrintReport(QPrinter& printer)

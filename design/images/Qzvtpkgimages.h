@@ -58,6 +58,8 @@ public:
     void BtLoadFromClick();
     void BtSaveToClick();
     void BtReportClick();
+    // The report written to a PDF file the user names, without a printer.
+    void MnReportPdfClick();
     void BtManagerClick();
     void BtSynchronizerClick();
     void MnImportClick();
@@ -81,6 +83,7 @@ public:
     QAction* MnProtectAllImages;
     QAction* MnUnprotectAllImages;
     QAction* MnWhereUsed;
+    QAction* MnReportPdf;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

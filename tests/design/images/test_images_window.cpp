@@ -283,24 +283,33 @@ TEST_F(ImagesWindow, ADamagedPackageFileIsRefusedAndThePackageKept)
               "Package Images (*.pim)|*.pim|All files (*.*)|*.*");
 }
 
+// Through the printer set-up, or straight to a PDF file the user names.
 TEST_F(ImagesWindow, TheReportPrintsTheHeadingAndEveryCell)
 {
-    const QString pdf = Path("images.pdf");
-    TQzTestDialogs dialogs;
-    dialogs->PrintTo(pdf.toStdString()).AnswerPrinterSetup(true);
-    TQzModalDriver driver;
-    driver.Click("BtReport").Click("BtOk");
-    Run(driver);
-    ASSERT_TRUE(QFile::exists(pdf));
-    if (QStandardPaths::findExecutable("pdftotext").isEmpty())
-        GTEST_SKIP() << "pdftotext is not installed: the text was not checked";
-    QProcess process;
-    process.start("pdftotext", {pdf, "-"});
-    ASSERT_TRUE(process.waitForFinished());
-    const QString text = QString::fromUtf8(process.readAllStandardOutput());
-    EXPECT_TRUE(text.contains("**** Images Report ****")) << text.toStdString();
-    for (const char* line : {"3", "7", "12", "(11x11)", "(20x20)"})
-        EXPECT_TRUE(text.contains(line)) << line;
+    for (const bool toPrinter : {true, false}) {
+        const QString pdf = Path(toPrinter ? "printed.pdf" : "saved.pdf");
+        TQzTestDialogs dialogs;
+        TQzModalDriver driver;
+        if (toPrinter) {
+            dialogs->PrintTo(pdf.toStdString()).AnswerPrinterSetup(true);
+            driver.Click("BtReport");
+        } else {
+            dialogs->AnswerSave(pdf.toStdString());
+            driver.Then("save", [](QWidget* w) { Editor(w)->MnReportPdf->trigger(); });
+        }
+        driver.Click("BtOk");
+        Run(driver);
+        ASSERT_TRUE(QFile::exists(pdf)) << toPrinter;
+        if (QStandardPaths::findExecutable("pdftotext").isEmpty())
+            GTEST_SKIP() << "pdftotext is not installed: the text was not checked";
+        QProcess process;
+        process.start("pdftotext", {pdf, "-"});
+        ASSERT_TRUE(process.waitForFinished());
+        const QString text = QString::fromUtf8(process.readAllStandardOutput());
+        EXPECT_TRUE(text.contains("**** Images Report ****")) << text.toStdString();
+        for (const char* line : {"3", "7", "12", "(11x11)", "(20x20)"})
+            EXPECT_TRUE(text.contains(line)) << line;
+    }
 }
 
 TEST_F(ImagesWindow, ImportFillsFreeIdsFromTheIdAsked)
