@@ -336,7 +336,8 @@ bool TFolderProject::ReadFormText(const AnsiString& formFileName, TStrings& line
     const AnsiString file = FindFormFile(formFileName);
     const AnsiString name = file.empty() ? Absolute(formFileName) : file;
     const std::string stored = file.empty() ? std::string() : ReadFileBytes(file);
-    TFormStorage storage = TFormStorage::Of(stored);
+    // Telling the storage reads the bytes too: a cut binary form fails here.
+    TFormStorage storage = ForFile(name, [&] { return TFormStorage::Of(stored); });
     if (IDesigner* designer = FDesigners->FindDesigner(name)) {
         auto* headless = dynamic_cast<TFormDesigner*>(designer);
         if (headless)

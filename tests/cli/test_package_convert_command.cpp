@@ -213,6 +213,8 @@ TEST_F(PackageConvert, BadInputIsOneLineNamingTheFileAndWritesNothing)
     Write("plain.pst", "object Form1: TForm\r\nend\r\n");
     fs::copy_file(Save(Kinds[1], 1, "images.pim"), PathOf("images.pst"));
     Write("broken.dfm", "object Form1: TQzCForm\r\n  Left = 'open\r\nend\r\n");
+    ASSERT_EQ(Qzpkg({"convert", "--to", "binary", form, PathOf("binary.dfm")}).Code, 0);
+    Write("cutbinary.dfm", ReadFileBytes(PathOf("binary.dfm")).substr(0, 100));
 
     const struct {
         std::vector<std::string> Args;
@@ -225,6 +227,7 @@ TEST_F(PackageConvert, BadInputIsOneLineNamingTheFileAndWritesNothing)
         {{PathOf("missing.pst"), form, "--component", "Texts"}, "missing.pst", "does not exist"},
         {{good, PathOf("broken.dfm")}, "broken.dfm", "line 2"},
         {{good, PathOf("missing.dfm")}, "missing.dfm", ""},
+        {{PathOf("cutbinary.dfm"), PathOf("out.pst")}, "cutbinary.dfm", "end of stream"},
         {{form, PathOf("out.pst")}, "Main.dfm", "several packages of kind Strings (Texts, Moved)"},
         {{form, PathOf("out.pst"), "--component", "Nope"}, "Main.dfm", "named Nope"},
         {{form, PathOf("out.pst"), "--component", "Moved"}, "Main.dfm", "kept in its own file moved.pst"},
