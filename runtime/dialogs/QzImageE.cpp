@@ -94,6 +94,13 @@ void TFrImageE::SetZoom(int percent)
         CBZoom->setCurrentIndex(index);
 }
 
+void TFrImageE::resizeEvent(QResizeEvent* event)
+{
+    TQzDialog::resizeEvent(event);
+    if (CBZoom->currentData().toInt() == 0)
+        ShowPicture();
+}
+
 void TFrImageE::BtLoadClick()
 {
     TQzFileRequest request;

@@ -38,6 +38,10 @@ public:
     // Zoom in percent; 0 fits the picture into the view.
     void SetZoom(int percent);
 
+protected:
+    // A picture fitted to the view follows the view's size.
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
     void BtLoadClick();
     void BtSaveClick();
