@@ -40,6 +40,9 @@ void TFrImportImages::SetLastFileName(const AnsiString& name)
 TFrImportImages::TFrImportImages(QWidget* parent) : TQzDialog(parent), PkgImages(std::make_unique<TQzPkgImages>(nullptr))
 {
     setupUi(this);
+    // The source is no package of the project: kept out of the lists of
+    // active images packages.
+    PkgImages->SetActive(false);
     Images->setSelectionMode(QAbstractItemView::ExtendedSelection);
     RememberBounds(&LastBounds);
 
