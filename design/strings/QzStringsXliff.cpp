@@ -71,21 +71,30 @@ std::vector<TQzStringsEntry> QzReadXliff(const std::string& bytes, const AnsiStr
     bool root = false;
     TQzStringsEntry* unit = nullptr;
     bool hasNote = false;
+    // Only a unit's own children count: the source and target of an
+    // alt-trans inside it are a tool's suggestions, not the translation.
+    int depth = 0;
+    int unitDepth = -1;
     while (!xml.atEnd()) {
         xml.readNext();
-        if (xml.isEndElement() && xml.name() == u"trans-unit") {
-            unit = nullptr;
+        if (xml.isEndElement()) {
+            if (depth == unitDepth) {
+                unit = nullptr;
+                unitDepth = -1;
+            }
+            --depth;
             continue;
         }
         if (!xml.isStartElement())
             continue;
+        ++depth;
         if (!root) {
             if (xml.name() != u"xliff")
                 QzExchangeFail(fileName, line(), "not an XLIFF file (its root is <" + Ansi(xml.name().toString()) + ">)");
             root = true;
             continue;
         }
-        if (xml.name() == u"trans-unit") {
+        if (xml.name() == u"trans-unit" && !unit) {
             const QXmlStreamAttributes attributes = xml.attributes();
             const AnsiString context =
                 Ansi(attributes.hasAttribute("resname") ? attributes.value("resname").toString()
@@ -97,25 +106,26 @@ std::vector<TQzStringsEntry> QzReadXliff(const std::string& bytes, const AnsiStr
             entry.Protected = attributes.value("extradata").toString().split(' ').contains("protected");
             entries.push_back(std::move(entry));
             unit = &entries.back();
+            unitDepth = depth;
             hasNote = false;
             continue;
         }
-        if (!unit)
-            continue;
         const QStringView element = xml.name();
-        if (element == u"source" || element == u"target" || element == u"note") {
-            const AnsiString text = Ansi(xml.readElementText(QXmlStreamReader::IncludeChildElements));
-            if (xml.hasError())
-                break;
-            if (element == u"source")
-                unit->Source = text;
-            else if (element == u"target")
-                unit->Text = text;
-            else if (!hasNote && unit->Kind == TQzStringsKind::Label) {
-                // The first note is the hint; later ones are the translators' own.
-                unit->Hint = text;
-                hasNote = true;
-            }
+        if (!unit || depth != unitDepth + 1 ||
+            (element != u"source" && element != u"target" && element != u"note"))
+            continue;
+        const AnsiString text = Ansi(xml.readElementText(QXmlStreamReader::IncludeChildElements));
+        --depth;   // the element's end was read with its text
+        if (xml.hasError())
+            break;
+        if (element == u"source")
+            unit->Source = text;
+        else if (element == u"target")
+            unit->Text = text;
+        else if (!hasNote && unit->Kind == TQzStringsKind::Label) {
+            // The first note is the hint; later ones are the translators' own.
+            unit->Hint = text;
+            hasNote = true;
         }
     }
     if (xml.hasError())

@@ -63,6 +63,18 @@ TEST(StringsExchange, EveryFormatGivesBackWhatItWasGiven)
     }
 }
 
+TEST(StringsExchange, AToolsSuggestionsInXliffAreNotTheTranslation)
+{
+    const char* xliff = "<xliff version='1.2'><file><body><trans-unit id='label:1'><source>Save</source>"
+                        "<target>Guardar</target>"
+                        "<alt-trans><source>Save</source><target>Salvar</target><note>tm</note></alt-trans>"
+                        "<note>hint</note><note>reviewer</note></trans-unit></body></file></xliff>";
+    const auto entries = QzReadStrings(xliff, TQzExchangeFormat::Xliff, "in");
+    ASSERT_EQ(entries.size(), 1u);
+    EXPECT_EQ(entries[0].Text, "Guardar");
+    EXPECT_EQ(entries[0].Hint, "hint");
+}
+
 TEST(StringsExchange, GettextAcceptsThePoFile)
 {
     if (std::system("msgfmt --version >/dev/null 2>&1") != 0)
