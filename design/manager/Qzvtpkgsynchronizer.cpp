@@ -209,9 +209,7 @@ bool TFrPkgSynchronizer::Synchronize()
             }
             FWritten = true;
         } else {
-            const TQzSyncCounts counts =
-                QzSynchronizeFrom(*FPackage, FPackage->GetFileName(QzAnsiString(EdPkgFileName->text().trimmed())),
-                                  Options(), this);
+            const TQzSyncCounts counts = QzSynchronizeFrom(*FPackage, MasterFile(), Options(), this);
             if (counts.Added || counts.Deleted) {
                 FWritten = true;
                 QzDesignerModified(FPackage->Owner());
@@ -222,6 +220,16 @@ bool TFrPkgSynchronizer::Synchronize()
         return false;
     }
     return true;
+}
+
+AnsiString TFrPkgSynchronizer::MasterFile() const
+{
+    // A name typed without a folder is one of the folder's files, as
+    // those listed on the other page are.
+    AnsiString name = QzAnsiString(EdPkgFileName->text().trimmed());
+    if (ExtractFileExt(name).empty())
+        name += "." + FPackage->DefaultExt();
+    return name[0] == '/' ? name : FPathApp + name;
 }
 
 bool TFrPkgSynchronizer::BtApplyClick()

@@ -59,6 +59,7 @@ private:
     void SettingsChanged();
     void ChangeState();
     bool Synchronize();
+    AnsiString MasterFile() const;
 
     TQzPkgInfo* FPackage = nullptr;
     AnsiString FPathApp;

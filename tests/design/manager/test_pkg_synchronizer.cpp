@@ -191,4 +191,24 @@ TEST_F(PkgSynchronizerFiles, OkRunsWhatApplyHasNotAndCancelRunsNothing)
     }
 }
 
+TEST_F(PkgSynchronizerFiles, FromAFileOfTheFolderAndAFailedRunKeepsTheWindowOpen)
+{
+    Write("x.pst", {{9, "nueve"}, {1, "uno"}});
+    TQzTestDialogs dialogs;
+    dialogs->AnswerMessage(mbOK);
+    TQzModalDriver driver;
+    driver.Click("SBFrom")
+        .SetText("EdPkgFileName", "missing")
+        .Click("BtOk")
+        .SetText("EdPkgFileName", "x")
+        .Click("BtApply")
+        .Click("BtCancel");
+    TFrPkgSynchronizer form;
+    form.SetPathApp(FFolder);
+    EXPECT_EQ(form.Execute(FEdited.get()), mrCancel);
+    EXPECT_TRUE(driver.Finished());
+    EXPECT_TRUE(form.Written());
+    EXPECT_EQ(LabelsOf(*FEdited), (TLabels{{1, "one"}, {9, "nueve"}}));
+}
+
 } // namespace
