@@ -7,12 +7,16 @@
 
 #include "vcl/QzDialogs.h"
 #include "vcl/QzQtString.h"
+#include "vcl/QzWindowBounds.h"
 
 #include <QDir>
 
 #include <algorithm>
 
 namespace {
+
+// Where the window was last closed, for as long as the package is loaded.
+TQzResizeInfoDesigner ResizeInfo;
 
 // The open dialog's filter for files of pkg's kind.
 AnsiString FilterOf(const TQzPkgInfo& pkg)
@@ -39,6 +43,7 @@ AnsiString DefaultPathApp()
 TFrPkgSynchronizer::TFrPkgSynchronizer(QWidget* parent) : TQzDialog(parent)
 {
     setupUi(this);
+    RememberBounds(&ResizeInfo);
     SetPathApp(DefaultPathApp());
     connect(SBFrom, &QToolButton::clicked, this, [this] { SBFromClick(); });
     connect(SBTo, &QToolButton::clicked, this, [this] { SBToClick(); });
