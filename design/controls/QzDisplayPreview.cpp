@@ -75,13 +75,13 @@ TQzPreviewLooks QzHintLooks(const TQzPkgDisplay* display)
 TQzPreviewLooks QzCommonWndLooks(const TQzPkgDisplay* display)
 {
     TQzBackGroundValues title;
-    title.Style = bgGradientHor;
-    title.StartGraColor = 0x800000;
+    title.Style = bgGradientVer;
+    title.StartGraColor = 0xFFFFFF;
     title.EndGraColor = 0xF0CAA6;
     TQzPreviewLooks looks;
     looks.Back = BackOf(display, "FormBackGround", Solid(ColBtnFace));
     looks.Font = FontOf(display, "Standard", Font(8, ColWindowText, false));
-    looks.TitleBack = BackOf(display, "GradientTitle", title);
+    looks.TitleBack = BackOf(display, "GradientBlue", title);
     looks.TitleFont = FontOf(display, "Title", Font(10, ColWindowText, true));
     return looks;
 }

@@ -15,7 +15,7 @@ TFrCommonWnds::TFrCommonWnds(QWidget* parent) : TQzDialog(parent)
     FPreview->setMinimumSize(360, 200);
     FPreview->OnPaint = [this](QPainter& painter) { PaintPreview(painter); };
     LayPreview->insertWidget(0, FPreview, 1);
-    LabSets->setText(QStringLiteral("Painted with the background sets \"FormBackGround\" and \"GradientTitle\" and "
+    LabSets->setText(QStringLiteral("Painted with the background sets \"FormBackGround\" and \"GradientBlue\" and "
                                     "the font sets \"Standard\" and \"Title\" of the display package."));
     for (const TQzCommonWndSample& sample : Samples())
         LBWindows->addItem(sample.Title);
