@@ -1,0 +1,70 @@
+#pragma once
+// The list of one kind of display sets, each drawn as it looks, with the
+// commands that make, change, rename and delete sets. The set dialogs and
+// the display dialog show one each; the panel works on whatever list it is
+// given (the package's own, or a working copy) and tells its owner after
+// every change.
+
+#include "design/settings/QzDisplaySets.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+class QPushButton;
+
+class TQzDisplaySetsPanel : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit TQzDisplaySetsPanel(QWidget* parent = nullptr);
+
+    // withDefault adds a first row "(Default)": no set, the control's own look.
+    void SetSets(TQzPkgDisplaySets* sets, bool withDefault = false);
+    TQzPkgDisplaySets* Sets() const { return FSets; }
+    TQzDisplaySetKind Kind() const { return FKind; }
+
+    // The selected set; nullptr for "(Default)" or nothing.
+    TQzPkgDisplaySet* Current() const;
+    bool IsDefaultRow() const;
+    // Selects the set of that name, "(Default)" for an empty name.
+    void SelectName(const AnsiString& name);
+    // Lists the sets again (after the list changed elsewhere).
+    void Reload();
+
+    // The commands, as the buttons run them.
+    void NewSet();
+    void EditSet();
+    void ChooseFontColor();
+    void RenameSet();
+    // Renames the selected set as typing over its name does; false, the
+    // reason shown and the name kept, when the name is refused.
+    bool Rename(const AnsiString& name);
+    void DeleteSet();
+
+    std::function<void()> OnChanged;    // the list or a set changed
+    std::function<void()> OnActivated;  // a row double-clicked
+
+    QListWidget* LBSets;
+    QPushButton* BtNew;
+    QPushButton* BtEdit;
+    QPushButton* BtFontColor;
+    QPushButton* BtRename;
+    QPushButton* BtDelete;
+    QLineEdit* EdDescription;
+
+private:
+    void Changed(const TQzPkgDisplaySet* select);
+    void ItemEdited(QListWidgetItem* item);
+    void UpdateState();
+    void WriteDescription();
+    bool Change(const std::function<void()>& change);
+
+    TQzPkgDisplaySets* FSets = nullptr;
+    TQzDisplaySetKind FKind = TQzDisplaySetKind::BackGround;
+    bool FWithDefault = false;
+    bool FLoading = false;
+};
