@@ -16,7 +16,9 @@
 #include "design/manager/QzManagerReg.h"
 #include "design/manager/QzPkgFilesReg.h"
 #include "design/reg/QzCtrlsReg.h"
+#include "design/settings/Qzvtdisplay.h"
 #include "design/settings/Qzvtpkgvars.h"
+#include "design/settings/Qzvtsets.h"
 #include "design/strings/QzStringsReg.h"
 
 #include "designide/DesignIntf.h"
@@ -275,6 +277,8 @@ void Register()
     RegisterQzvtcommonwnds();
     RegisterQzvtruntimewindows();
     RegisterQzvtpkgvars();
+    RegisterQzvtsets();
+    RegisterQzvtdisplay();
     RegisterPkgFilesWindows();
     RegisterStringsWindows();
     RegisterImagesWindows();
