@@ -4,6 +4,7 @@
 #include "design/controls/QzDisplayPreview.h"
 #include "design/reg/QzEditorDialogs.h"
 
+#include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 
 #include <QApplication>
@@ -22,6 +23,7 @@ TFrHints::TFrHints(QWidget* parent) : TQzDialog(parent)
     for (QSpinBox* edit : {EdMarginLeft, EdMarginTop, EdMarginRight, EdMarginBottom})
         connect(edit, &QSpinBox::valueChanged, FPreview, qOverload<>(&QWidget::update));
     connect(EdText, &QPlainTextEdit::textChanged, FPreview, qOverload<>(&QWidget::update));
+    connect(BtLabel, &QPushButton::clicked, this, &TFrHints::BtLabelClick);
     connect(BtOk, &QPushButton::clicked, this, &TFrHints::accept);
     connect(BtCancel, &QPushButton::clicked, this, &TFrHints::reject);
 }
@@ -60,6 +62,16 @@ void TFrHints::accept()
     if (FDisplay && !QzRunReportingErrors(this, [this] { QzWriteDisplayGeometry(*FDisplay, Geometry()); }))
         return;
     TQzDialog::accept();
+}
+
+void TFrHints::BtLabelClick()
+{
+    TQzEditorDialogRequest request;
+    request.Target = &FSampleLabel;
+    if (QzRunEditorDialog(TQzEditorDialog::MemoryLabel, request) != 1)
+        return;
+    const AnsiString hint = FSampleLabel.Hint();
+    EdText->setPlainText(QzQString(hint.empty() ? FSampleLabel.Text() : hint));
 }
 
 void TFrHints::PaintPreview(QPainter& painter)

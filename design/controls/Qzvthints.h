@@ -2,13 +2,15 @@
 // TFrHints: how the application's hints look. The margins around a hint's
 // text and whether a hint takes the shape of its background picture are
 // the display package's; the preview draws a sample hint with them and with
-// the package's hint sets, as the running application will. Nothing
-// reaches the package before OK.
+// the package's hint sets, as the running application will, on a sample
+// text typed or taken from a label of the project. Nothing reaches the
+// package before OK.
 
 #include "vcl/QzDialog.h"
 
 #include "ui_TFrHints.h"
 
+#include "runtime/model/QzMemory.h"
 #include "runtime/model/QzPkgDisplay.h"
 
 class TQzPreviewPane;
@@ -30,10 +32,14 @@ public:
 
 private:
     void PaintPreview(QPainter& painter);
+    // Takes the sample from a label the user picks: its hint, or its text
+    // when it has no hint.
+    void BtLabelClick();
 
     TQzPkgDisplay* FDisplay = nullptr;
     TQzDisplayGeometry FGeometry;
     TQzPreviewPane* FPreview = nullptr;
+    TQzMemoryLabel FSampleLabel;
 };
 
 void RegisterQzvthints();

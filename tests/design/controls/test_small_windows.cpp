@@ -12,6 +12,7 @@
 #include "design/controls/Qzvtscrollbars.h"
 #include "design/reg/QzEditorDialogs.h"
 #include "runtime/model/QzPkgDisplay.h"
+#include "runtime/model/QzPkgStrings.h"
 #include "runtime/util/QzDesigner.h"
 
 #include "support/gui/QzModalDriver.h"
@@ -20,6 +21,7 @@
 
 #include <QCheckBox>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -136,6 +138,37 @@ TEST_F(SmallWindows, TheDisplayDialogsWriteTheirGeometryOnlyOnOk)
         EXPECT_EQ(QzRunEditorDialog(c.Kind, request), c.Ok ? 1 : 0);
         EXPECT_TRUE(c.Written(Display.Geometry()));
         EXPECT_EQ(Marked, c.Ok ? std::vector<TComponent*>{&Form} : std::vector<TComponent*>{});
+    }
+}
+
+TEST_F(SmallWindows, TheHintSampleCanBeALabelsHintOrElseItsText)
+{
+    TQzPkgStrings tips(nullptr);
+    tips.SetPkgName("Tips");
+    tips.Labels()->Add(5, "Save", "Saves the form");
+    tips.Labels()->Add(6, "Close", "");
+    struct TCase {
+        Integer Id;
+        int Answer;
+        QString Sample;
+    };
+    const TCase cases[] = {{5, 1, "Saves the form"}, {6, 1, "Close"}, {5, 0, "typed"}};
+    for (const TCase& c : cases) {
+        SCOPED_TRACE(c.Id);
+        TQzEditorDialogScope picker(K::MemoryLabel, [&c](TQzEditorDialogRequest& r) {
+            static_cast<TQzMemoryLabel*>(r.Target)->PkgId("Tips", c.Id);
+            return c.Answer;
+        });
+        TFrHints window;
+        window.SetDisplay(&Display);
+        TDriver driver;
+        driver.Then("type", [](QWidget* w) { TDriver::Find<QPlainTextEdit>(w, "EdText")->setPlainText("typed"); })
+            .Click("BtLabel")
+            .Then("sample", [&c](QWidget* w) {
+                EXPECT_EQ(TDriver::Find<QPlainTextEdit>(w, "EdText")->toPlainText(), c.Sample);
+            })
+            .Click("BtCancel");
+        EXPECT_EQ(window.Execute(), mrCancel);
     }
 }
 
