@@ -1,0 +1,271 @@
+#include "design/controls/Qzvtrichedit.h"
+
+#include "design/controls/QzRichTextDocument.h"
+#include "design/reg/QzEditorDialogs.h"
+
+#include "rtl/StringList.h"
+#include "rtl/TypInfo.h"
+#include "runtime/components/QzStdCtrls.h"
+#include "vcl/QzDialogs.h"
+#include "vcl/QzQtString.h"
+#include "vcl/QzReportErrors.h"
+#include "vcl/QzWindowBounds.h"
+
+#include <QApplication>
+#include <QTextBlock>
+#include <QTextList>
+
+namespace {
+
+TQzResizeInfoDesigner Bounds;
+
+constexpr const char* RtfFilter = "Rich text files (*.rtf)|*.rtf";
+constexpr const char* PlainFilter = "Text files (*.txt)|*.txt";
+
+bool IsPlainFile(const AnsiString& fileName)
+{
+    return !SameText(ExtractFileExt(fileName), ".rtf");
+}
+
+// The lines' text without the break after the last line, which an editor
+// would show as an empty paragraph.
+AnsiString LinesText(const TStrings& lines)
+{
+    AnsiString text = lines.Text();
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r'))
+        text.pop_back();
+    return text;
+}
+
+TQzFileRequest FileRequest(QWidget* parent, const AnsiString& title, bool plainText)
+{
+    TQzFileRequest request;
+    request.Title = title;
+    request.Filter = plainText ? AnsiString(PlainFilter) : AnsiString(RtfFilter) + "|" + PlainFilter;
+    request.DefaultExt = plainText ? "txt" : "rtf";
+    request.Parent = parent;
+    return request;
+}
+
+}  // namespace
+
+TFrRichEdit::TFrRichEdit(QWidget* parent) : TQzDialog(parent)
+{
+    setupUi(this);
+    RememberBounds(&Bounds);
+    BtBold->setShortcut(QKeySequence::Bold);
+    BtItalic->setShortcut(QKeySequence::Italic);
+    BtUnderline->setShortcut(QKeySequence::Underline);
+    for (auto [button, apply] : {std::pair<QToolButton*, void (*)(QFont&)>{BtBold, [](QFont& f) { f.setBold(true); }},
+                                 {BtItalic, [](QFont& f) { f.setItalic(true); }},
+                                 {BtUnderline, [](QFont& f) { f.setUnderline(true); }}}) {
+        QFont font = button->font();
+        apply(font);
+        button->setFont(font);
+    }
+
+    connect(BtOpen, &QToolButton::clicked, this, &TFrRichEdit::BtOpenClick);
+    connect(BtSave, &QToolButton::clicked, this, &TFrRichEdit::BtSaveClick);
+    connect(BtBold, &QToolButton::clicked, this, [this](bool on) {
+        QTextCharFormat f;
+        f.setFontWeight(on ? QFont::Bold : QFont::Normal);
+        MergeFormat(f);
+    });
+    connect(BtItalic, &QToolButton::clicked, this, [this](bool on) {
+        QTextCharFormat f;
+        f.setFontItalic(on);
+        MergeFormat(f);
+    });
+    connect(BtUnderline, &QToolButton::clicked, this, [this](bool on) {
+        QTextCharFormat f;
+        f.setFontUnderline(on);
+        MergeFormat(f);
+    });
+    connect(BtFont, &QToolButton::clicked, this, &TFrRichEdit::BtFontClick);
+    connect(BtColor, &QToolButton::clicked, this, &TFrRichEdit::BtColorClick);
+    connect(BtLeft, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignLeft | Qt::AlignAbsolute); });
+    connect(BtCenter, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignHCenter); });
+    connect(BtRight, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignRight | Qt::AlignAbsolute); });
+    connect(BtBullets, &QToolButton::clicked, this, &TFrRichEdit::SetBullets);
+    connect(RichEdit, &QTextEdit::currentCharFormatChanged, this, &TFrRichEdit::ShowFormat);
+    connect(RichEdit, &QTextEdit::cursorPositionChanged, this, &TFrRichEdit::ShowFormat);
+    connect(BtOk, &QPushButton::clicked, this, &TFrRichEdit::accept);
+    connect(BtCancel, &QPushButton::clicked, this, &TFrRichEdit::reject);
+    ShowFormat();
+}
+
+int TFrRichEdit::Execute(TStrings* lines, bool plainText)
+{
+    SetPlainText(plainText);
+    SetText(lines ? LinesText(*lines) : AnsiString());
+    RichEdit->setFocus();
+    if (Execute() != mrOk)
+        return 0;
+    if (lines)
+        lines->SetText(Text());
+    return 1;
+}
+
+void TFrRichEdit::SetPlainText(bool value)
+{
+    FPlainText = value;
+    RichEdit->setAcceptRichText(!value);
+    for (QWidget* w : std::initializer_list<QWidget*>{BtBold, BtItalic, BtUnderline, BtFont, BtColor, BtLeft, BtCenter,
+                                                      BtRight, BtBullets})
+        w->setEnabled(!value);
+    LabInfo->setText(value ? QStringLiteral("Plain text: the rich edit keeps no formatting.") : QString());
+}
+
+AnsiString TFrRichEdit::Text() const
+{
+    if (FPlainText)
+        return QzAnsiString(RichEdit->toPlainText());
+    return QzRtfCodec().Write(*RichEdit->document());
+}
+
+void TFrRichEdit::SetText(const AnsiString& text)
+{
+    if (FPlainText || text.empty())
+        RichEdit->setPlainText(QzQString(text));
+    else
+        QzRtfCodec().Read(text, *RichEdit->document());
+    RichEdit->document()->setModified(false);
+    ShowFormat();
+}
+
+void TFrRichEdit::BtOpenClick()
+{
+    const AnsiString fileName = QzOpenFile(FileRequest(this, "Open", FPlainText));
+    if (fileName.empty())
+        return;
+    QzRunReportingErrors(this, [&] {
+        TStringList lines;
+        lines.LoadFromFile(fileName);
+        const AnsiString text = LinesText(lines);
+        if (IsPlainFile(fileName) || FPlainText) {
+            RichEdit->setPlainText(QzQString(text));
+            return;
+        }
+        TQzRtfDocument document;
+        try {
+            document = QzReadRtf(text);
+        } catch (const EQzRtfError& e) {
+            throw EQzRtfError(fileName + ": " + e.Message());
+        }
+        QzRtfToDocument(document, *RichEdit->document());
+        ShowFormat();
+    });
+}
+
+void TFrRichEdit::BtSaveClick()
+{
+    const AnsiString fileName = QzSaveFile(FileRequest(this, "Save As", FPlainText));
+    if (fileName.empty())
+        return;
+    QzRunReportingErrors(this, [&] {
+        TStringList lines;
+        lines.SetText(IsPlainFile(fileName) ? QzAnsiString(RichEdit->toPlainText()) : Text());
+        lines.SaveToFile(fileName);
+    });
+}
+
+void TFrRichEdit::BtFontClick()
+{
+    QFont font = RichEdit->currentCharFormat().font();
+    if (!QzChooseFont(font, this))
+        return;
+    QTextCharFormat f;
+    f.setFont(font, QTextCharFormat::FontPropertiesSpecifiedOnly);
+    // The dialog's font is a whole choice: its styles replace the selection's.
+    f.setFontFamilies(QStringList{font.family()});
+    f.setFontPointSize(font.pointSizeF());
+    f.setFontWeight(font.bold() ? QFont::Bold : QFont::Normal);
+    f.setFontItalic(font.italic());
+    f.setFontUnderline(font.underline());
+    MergeFormat(f);
+}
+
+void TFrRichEdit::BtColorClick()
+{
+    const QTextCharFormat current = RichEdit->currentCharFormat();
+    QColor color = current.hasProperty(QTextFormat::ForegroundBrush) ? current.foreground().color() : QColor(Qt::black);
+    if (!QzChooseColor(color, this))
+        return;
+    QTextCharFormat f;
+    f.setForeground(color);
+    MergeFormat(f);
+}
+
+void TFrRichEdit::MergeFormat(const QTextCharFormat& format)
+{
+    QTextCursor cursor = RichEdit->textCursor();
+    if (!cursor.hasSelection())
+        cursor.select(QTextCursor::WordUnderCursor);
+    cursor.mergeCharFormat(format);
+    RichEdit->mergeCurrentCharFormat(format);
+    RichEdit->setFocus();
+    ShowFormat();
+}
+
+void TFrRichEdit::SetAlignment(Qt::Alignment alignment)
+{
+    RichEdit->setAlignment(alignment);
+    ShowFormat();
+}
+
+void TFrRichEdit::SetBullets(bool on)
+{
+    QTextCursor cursor = RichEdit->textCursor();
+    cursor.beginEditBlock();
+    if (on && !cursor.currentList()) {
+        cursor.createList(QTextListFormat::ListDisc);
+    } else if (!on) {
+        // Every paragraph of the selection leaves its list.
+        const int end = cursor.selectionEnd();
+        QTextBlock block = RichEdit->document()->findBlock(cursor.selectionStart());
+        while (block.isValid() && block.position() <= end) {
+            if (QTextList* list = block.textList()) {
+                list->remove(block);
+                QTextCursor c(block);
+                QTextBlockFormat format = block.blockFormat();
+                format.setIndent(0);
+                c.setBlockFormat(format);
+            }
+            block = block.next();
+        }
+    }
+    cursor.endEditBlock();
+    ShowFormat();
+}
+
+void TFrRichEdit::ShowFormat()
+{
+    if (FShowing)
+        return;
+    FShowing = true;
+    const QTextCharFormat f = RichEdit->currentCharFormat();
+    BtBold->setChecked(f.fontWeight() >= QFont::Bold);
+    BtItalic->setChecked(f.fontItalic());
+    BtUnderline->setChecked(f.fontUnderline());
+    const Qt::Alignment a = RichEdit->alignment();
+    BtLeft->setChecked(!(a & (Qt::AlignHCenter | Qt::AlignRight | Qt::AlignJustify)));
+    BtCenter->setChecked(a & Qt::AlignHCenter);
+    BtRight->setChecked(a & Qt::AlignRight);
+    BtBullets->setChecked(RichEdit->textCursor().currentList() != nullptr);
+    FShowing = false;
+}
+
+void RegisterQzvtrichedit()
+{
+    SetQzRichTextCodec(QzRtfCodec());
+    QzSetEditorDialog(TQzEditorDialog::RichEdit, [](TQzEditorDialogRequest& request) {
+        auto* lines = dynamic_cast<TStrings*>(request.Target);
+        if (!lines)
+            if (auto* rich = dynamic_cast<TQzRichEdit*>(request.Component))
+                lines = rich->Lines();
+        const bool plain = request.Component && GetPropInfo(request.Component, "PlainText") &&
+                           GetOrdProp(request.Component, "PlainText") != 0;
+        TFrRichEdit form(QApplication::activeWindow());
+        return form.Execute(lines, plain);
+    });
+}
