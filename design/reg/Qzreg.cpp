@@ -10,6 +10,7 @@
 #include "design/controls/Qzvtcommonwnds.h"
 #include "design/controls/Qzvthints.h"
 #include "design/controls/Qzvtmask.h"
+#include "design/controls/Qzvtrichedit.h"
 #include "design/controls/Qzvtscrollbars.h"
 #include "design/images/QzImagesReg.h"
 #include "design/images/Qzruler.h"
@@ -18,6 +19,8 @@
 #include "design/reg/QzCtrlsReg.h"
 #include "design/settings/Qzvtdisplay.h"
 #include "design/settings/Qzvtpkgvars.h"
+#include "design/settings/Qzvtprivilege.h"
+#include "design/settings/Qzvtprivileges.h"
 #include "design/settings/Qzvtsets.h"
 #include "design/strings/QzStringsReg.h"
 
@@ -279,6 +282,9 @@ void Register()
     RegisterQzvtpkgvars();
     RegisterQzvtsets();
     RegisterQzvtdisplay();
+    RegisterQzvtprivilege();
+    RegisterQzvtprivileges();
+    RegisterQzvtrichedit();
     RegisterPkgFilesWindows();
     RegisterStringsWindows();
     RegisterImagesWindows();
