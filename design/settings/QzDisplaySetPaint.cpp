@@ -3,6 +3,7 @@
 #include "design/controls/QzDisplayPreview.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/pictures/Qzdrawutil.h"
+#include "vcl/QzQtString.h"
 
 #include <QPainter>
 
@@ -55,7 +56,9 @@ void QzPaintFontSet(QPainter& painter, const QRect& rect, const TQzPkgDisplaySet
     painter.setClipRect(rect);
     painter.setFont(QzFontOfValues(set.Values()));
     painter.setPen(QzColorToQColor(set.Values().Color));
-    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("AaBbCc 123 - The quick brown fox"));
+    const TQzFontValues& values = set.Values();
+    const QString sample = QStringLiteral("%1 %2: AaBbYyZz 0123").arg(QzQString(values.Name)).arg(values.Size);
+    painter.drawText(rect, Qt::AlignLeft | Qt::AlignVCenter, sample);
     painter.restore();
 }
 

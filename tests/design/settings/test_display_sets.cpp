@@ -85,7 +85,10 @@ protected:
         sky->SetStyle(bgGradientVer);
         sky->SetEndGraColor(0xF0CAA6);
         sky->SetDescription("White to light blue");
-        Display->SetsFont()->Add("Title")->SetBold(true);
+        TQzPkgDisplaySetFont* title = Display->SetsFont()->Add("Title");
+        title->SetBold(true);
+        title->SetSize(14);
+        title->SetColor(0x800000);
         Display->SetsFont()->Add("Body");
         Display->SetModified(false);
     }
@@ -175,6 +178,7 @@ TEST_F(DisplaySetWindows, NamesInUseAreRefusedAndDeletingAsksFirst)
     dialogs->AnswerMessage(mbOK).AnswerMessage(mbNo).AnswerMessage(mbYes);
     TDriver driver;
     driver.Then("an unknown name is kept", [](QWidget* w) { EXPECT_TRUE(Panel(w)->IsDefaultRow()); });
+    driver.Screenshot(ScreenshotFile("set-font.png"));
     driver.Then("rename Body", [](QWidget* w) {
         TQzDisplaySetsPanel* panel = Panel(w);
         panel->SelectName("Body");
@@ -188,7 +192,6 @@ TEST_F(DisplaySetWindows, NamesInUseAreRefusedAndDeletingAsksFirst)
     driver.Then("kept on No", [](QWidget* w) { EXPECT_EQ(Panel(w)->Current()->Name(), "Title"); });
     driver.Click("BtDelete");
     driver.Then("gone on Yes", [](QWidget* w) { EXPECT_EQ(Panel(w)->Sets()->FindSet("Title"), nullptr); });
-    driver.Screenshot(ScreenshotFile("set-font.png"));
     driver.Click("BtCancel");
     EXPECT_EQ(RunKind(TQzEditorDialog::SetFont, target), 0);
     EXPECT_TRUE(driver.Finished());
