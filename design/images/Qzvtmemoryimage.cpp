@@ -272,9 +272,12 @@ void TFrMemoryImage::BtDeleteClick()
         return;
     TQzPkgImagesImage* image = Images->GridModel()->Image(row);
     Images->GridDelegate()->Cache().Invalidate(image);
-    Images->GridModel()->Reload(nullptr);
+    {
+        // The grid lets go of the image before it is freed.
+        const QSignalBlocker block(Images->selectionModel());
+        Images->GridModel()->RemoveRow(row);
+    }
     delete image;  // leaves the package
-    Images->GridModel()->Reload(FPackage);
     const TQzPkgImagesImage* next = Images->GridModel()->Image(QzImagesRowAfterDelete(row, Images->GridModel()->rowCount()));
     AfterChange(next ? next->Id() : -1);
     Modified();

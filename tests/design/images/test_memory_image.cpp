@@ -5,6 +5,7 @@
 #include "design/images/Qzvtmemoryimage.h"
 #include "design/images/Qzvtmemoryimageadd.h"
 #include "runtime/components/QzComponentsReg.h"
+#include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/model/QzMemory.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/pictures/QzPicture.h"
@@ -30,6 +31,7 @@ class MemoryImageChooser : public TQzGuiTest {
 protected:
     void SetUp() override
     {
+        RegisterQzStandardWindows();
         Pkg = std::make_unique<TQzPkgImages>(nullptr);
         Pkg->SetPkgName("ChooserIcons");
         QImage picture(4, 4, QImage::Format_RGB32);
@@ -90,7 +92,7 @@ TEST_F(MemoryImageChooser, AReferenceThatFollowsItsDefaultOpensOnTheDefaultsImag
     EXPECT_EQ(ref.Id(), TQzMemoryRef::IdDefault);
 }
 
-TEST_F(MemoryImageChooser, AnImageAddedFromTheChooserIsTheOneChosen)
+TEST_F(MemoryImageChooser, AnImageAddedIsTheOneChosenAndDeletingTheLastChoosesTheNewLast)
 {
     TQzMemoryImage ref;
     ref.PkgId("ChooserIcons", 1);
@@ -103,6 +105,14 @@ TEST_F(MemoryImageChooser, AnImageAddedFromTheChooserIsTheOneChosen)
     EXPECT_EQ(ref.Id(), 0);  // the first free Id
     ASSERT_NE(Pkg->Images()->FindId(0), nullptr);
     EXPECT_EQ(Pkg->Images()->Count(), 4);
+
+    ref.PkgId("ChooserIcons", 3);
+    TQzTestDialogs dialogs;
+    dialogs->AnswerMessage(mbOK);  // delete image 3?
+    driver.Click("BtDelete").Click("BtOk");
+    form.Execute();
+    EXPECT_EQ(Pkg->Images()->FindId(3), nullptr);
+    EXPECT_EQ(ref.Id(), 2);
 }
 
 // The demo project's images are chosen from (and, when asked for, give
