@@ -1,4 +1,4 @@
-// Translators' files (PO and CSV) from anywhere: refused only with an
+// Translators' files (PO, CSV and, with Qt, XLIFF) from anywhere: refused only with an
 // error naming the file and a line, and a package that refuses entries is
 // left as it was; read, they write and read back to the same entries.
 
@@ -20,8 +20,9 @@ namespace {
 
 } // namespace
 
-// The XLIFF reader is built on Qt, which this build has not; the format is
-// never chosen here, so the dispatcher's XLIFF branch only needs to link.
+#ifndef QZ_FUZZ_XLIFF
+// Without Qt the XLIFF reader is not built; the format is never chosen
+// then, so the dispatcher's XLIFF branch only needs to link.
 std::string QzWriteXliff(const std::vector<TQzStringsEntry>&, const AnsiString&)
 {
     std::abort();
@@ -30,12 +31,23 @@ std::vector<TQzStringsEntry> QzReadXliff(const std::string&, const AnsiString&)
 {
     std::abort();
 }
+#endif
+
+// The first byte picks the format.
+TQzExchangeFormat FormatOf(std::uint8_t byte)
+{
+#ifdef QZ_FUZZ_XLIFF
+    if (byte % 3 == 2)
+        return TQzExchangeFormat::Xliff;
+#endif
+    return byte & 1 ? TQzExchangeFormat::Csv : TQzExchangeFormat::Po;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
 {
     if (size == 0)
         return 0;
-    const TQzExchangeFormat format = data[0] & 1 ? TQzExchangeFormat::Csv : TQzExchangeFormat::Po;
+    const TQzExchangeFormat format = FormatOf(data[0]);
     const std::string bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
     std::vector<TQzStringsEntry> entries;
     try {
