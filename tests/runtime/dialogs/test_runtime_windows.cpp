@@ -116,7 +116,7 @@ TEST_F(RuntimeWindows, TheMemoWindowSavesWhatItShows)
 TEST_F(RuntimeWindows, TheImageWindowChangesThePictureOnlyOnOk)
 {
     const AnsiString red = WritePicture("red.png", {8, 6}, Qt::red);
-    const AnsiString blue = WritePicture("blue.png", {20, 10}, Qt::blue);
+    const AnsiString blue = WritePicture("blue.png", {240, 160}, QColor(0x30, 0x60, 0xC0));
     struct TCase {
         const char* Name;
         std::function<void(TDriver&, TQzTestDialogs&)> Script;
@@ -124,8 +124,10 @@ TEST_F(RuntimeWindows, TheImageWindowChangesThePictureOnlyOnOk)
         int Width;  // 0: no picture
     };
     const TCase cases[] = {
-        {"loaded, OK", [&](TDriver& d, TQzTestDialogs& s) { s->AnswerOpenPictures({blue}); d.Click("BtLoad").Click("BtOk"); },
-         true, 20},
+        {"loaded, OK", [&](TDriver& d, TQzTestDialogs& s) {
+             s->AnswerOpenPictures({blue});
+             d.Click("BtLoad").Screenshot(ScreenshotFile("image-editor.png")).Click("BtOk");
+         }, true, 240},
         {"loaded, Cancel", [&](TDriver& d, TQzTestDialogs& s) { s->AnswerOpenPictures({blue}); d.Click("BtLoad").Click("BtCancel"); },
          false, 8},
         {"cleared, OK", [](TDriver& d, TQzTestDialogs&) { d.Click("BtClear").Click("BtOk"); }, true, 0},
