@@ -95,6 +95,10 @@ AnsiString TFrSetPicker::Chosen() const
 
 void TFrSetPicker::accept()
 {
+    if (!FTarget) {
+        TQzDialog::accept();
+        return;
+    }
     const bool done = QzRunReportingErrors(this, [this] {
         if (FChanged) {
             QzCopyDisplaySets(*FWork, *QzDisplaySets(*FDisplay, FKind));

@@ -22,6 +22,7 @@ public:
     TFrSetPicker(TQzDisplaySetKind kind, QWidget* parent);
     ~TFrSetPicker() override;
 
+    using TQzDialog::Execute;
     // Runs the dialog on target, a set reference of the dialog's kind, and
     // the display package its names are looked up in.
     TModalResult Execute(TQzSetRef* target, TQzPkgDisplay* display);

@@ -136,7 +136,7 @@ void TFrSetsBackGroundAdd::Write()
 
 void TFrSetsBackGroundAdd::accept()
 {
-    if (!QzRunReportingErrors(this, [this] { Write(); })) {
+    if (FSets && !QzRunReportingErrors(this, [this] { Write(); })) {
         EdName->setFocus();
         return;
     }

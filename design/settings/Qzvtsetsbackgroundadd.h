@@ -18,6 +18,7 @@ class TFrSetsBackGroundAdd : public TQzDialog, public Ui::TFrSetsBackGroundAdd {
 public:
     explicit TFrSetsBackGroundAdd(QWidget* parent = nullptr);
 
+    using TQzDialog::Execute;
     // set nullptr: adds a new set to sets under the name proposed;
     // otherwise edits set, a member of sets. mrOk when the list was written.
     TModalResult Execute(TQzPkgDisplaySetsBackGround* sets, TQzPkgDisplaySetBackGround* set,
