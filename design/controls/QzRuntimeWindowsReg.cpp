@@ -38,11 +38,11 @@ int RunImage(TQzEditorDialogRequest& request)
     TFrImageE form(QApplication::activeWindow());
     if (!form.Execute(request.Caption, request.Component))
         return 0;
-    // The picture lives in an images package, which may sit on another form.
+    // The picture lives in an images package, whose form changed, not the
+    // control's (it still names the same image); they may be two forms.
     if (TQzPkgImagesImage* image = QzComponentImage(request.Component))
         if (TQzPkgInfo* package = image->Package())
             QzDesignerModified(package->Owner());
-    Modified(request);
     return 1;
 }
 
