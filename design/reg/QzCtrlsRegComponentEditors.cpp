@@ -28,6 +28,7 @@ constexpr int ApplicationVerbCount = static_cast<int>(std::size(ApplicationVerbs
 
 const char* const OutLookBarVerbs[] = {"New Page", "Next Page", "Previous Page"};
 const char* const PopupMenuVerbs[] = {"View &PopupMenu", "Build SystemMenu"};
+const char* const PageControlVerbs[] = {"New Page", "Next Page", "Previous Page"};
 const char* const PackageVerb = "View &Package List";
 
 template <std::size_t N>
@@ -327,4 +328,35 @@ void TQzPageControlComponentEditor::Edit()
     request.Target = control->Pages();
     request.Designer = GetDesigner();
     QzRunEditorDialog(TQzEditorDialog::CollPageControl, request);
+}
+
+int TQzPageControlComponentEditor::GetVerbCount()
+{
+    return static_cast<int>(std::size(PageControlVerbs));
+}
+
+AnsiString TQzPageControlComponentEditor::GetVerb(int index)
+{
+    return VerbOf(PageControlVerbs, index);
+}
+
+void TQzPageControlComponentEditor::ExecuteVerb(int index)
+{
+    auto* control = dynamic_cast<TQzCustomPageControl*>(Component());
+    if (!control || index < 0 || index >= GetVerbCount())
+        return;
+    const TQzTabSheet* before = control->ActivePage();
+    if (index == 0) {
+        TQzTabSheet* sheet = control->AddPage()->TabSheet();
+        if (GetDesigner())
+            GetDesigner()->SelectComponent(sheet);
+    } else if (control->PageCount() > 0) {
+        // Round at the ends, as the outlook bar's verbs go.
+        const int count = control->PageCount();
+        const int at = control->ActivePageIndex();
+        const int next = at < 0 ? (index == 1 ? 0 : count - 1) : (at + (index == 1 ? 1 : count - 1)) % count;
+        control->SetActivePage(control->Page(next)->TabSheet());
+    }
+    if (GetDesigner() && control->ActivePage() != before)
+        GetDesigner()->Modified();
 }

@@ -120,4 +120,9 @@ class TQzPageControlComponentEditor : public TComponentEditor {
 public:
     using TComponentEditor::TComponentEditor;
     void Edit() override;
+    // "New Page" adds a tab with its sheet and selects the sheet; "Next
+    // Page" and "Previous Page" show the neighbouring tab.
+    void ExecuteVerb(int index) override;
+    AnsiString GetVerb(int index) override;
+    int GetVerbCount() override;
 };
