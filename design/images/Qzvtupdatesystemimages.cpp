@@ -36,15 +36,8 @@ void TFrUpdateSystemImages::BtBrowseClick()
     request.FileName = QzAnsiString(Edit1->text());
     request.Parent = this;
     const AnsiString name = QzOpenFile(request);
-    if (name.empty())
-        return;
-    // A file of the installation is named alone, so the setting survives a
-    // move of the installation.
-    const QFileInfo file(QzQString(name));
-    const QString folder = QzQString(QzAddPathBar(QzAnsiString(file.absolutePath())));
-    const QString install = QzQString(QzAddPathBar(QzGetInstallPath()));
-    const bool inInstall = folder.compare(install, Qt::CaseInsensitive) == 0;
-    Edit1->setText(inInstall ? file.fileName() : QzQString(name));
+    if (!name.empty())
+        Edit1->setText(QzQString(QzInstallFileEntry(name, QzGetInstallPath())));
 }
 
 void TFrUpdateSystemImages::BtOkClick()

@@ -1,5 +1,6 @@
 #include "design/manager/QzPkgSynchronizerLogic.h"
 
+#include "runtime/model/QzPkgCollectionUpdate.h"
 #include "runtime/model/QzPkgDisplay.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/model/QzPkgLanguage.h"
@@ -102,39 +103,27 @@ TQzSyncCounts ProcessPair(const TPair& pair, const TQzSyncOptions& options, IQzS
 {
     TQzSyncCounts counts;
     if (options.DeleteItems) {
-        pair.Target->BeginUpdate();
-        try {
-            for (int i = pair.Target->Count() - 1; i >= 0; --i) {
-                if (!pair.Holds(*pair.Master, *pair.Target->Item(i))) {
-                    pair.Target->Delete(i);
-                    ++counts.Deleted;
-                }
-                if (progress)
-                    progress->SyncStep();
+        TQzPkgCollectionUpdate update(*pair.Target);
+        for (int i = pair.Target->Count() - 1; i >= 0; --i) {
+            if (!pair.Holds(*pair.Master, *pair.Target->Item(i))) {
+                pair.Target->Delete(i);
+                ++counts.Deleted;
             }
-        } catch (...) {
-            pair.Target->EndUpdate();
-            throw;
+            if (progress)
+                progress->SyncStep();
         }
-        pair.Target->EndUpdate();
     }
     if (options.AddItems) {
-        pair.Target->BeginUpdate();
-        try {
-            for (int i = 0; i < pair.Master->Count(); ++i) {
-                TQzPkgItem* item = pair.Master->Item(i);
-                if (!pair.Holds(*pair.Target, *item)) {
-                    pair.AddCopy(*pair.Target, *item);
-                    ++counts.Added;
-                }
-                if (progress)
-                    progress->SyncStep();
+        TQzPkgCollectionUpdate update(*pair.Target);
+        for (int i = 0; i < pair.Master->Count(); ++i) {
+            TQzPkgItem* item = pair.Master->Item(i);
+            if (!pair.Holds(*pair.Target, *item)) {
+                pair.AddCopy(*pair.Target, *item);
+                ++counts.Added;
             }
-        } catch (...) {
-            pair.Target->EndUpdate();
-            throw;
+            if (progress)
+                progress->SyncStep();
         }
-        pair.Target->EndUpdate();
     }
     return counts;
 }

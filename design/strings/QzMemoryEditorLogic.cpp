@@ -1,6 +1,7 @@
 #include "design/strings/QzMemoryEditorLogic.h"
 
 #include "runtime/model/QzApplication.h"
+#include "runtime/model/QzPkgCollectionUpdate.h"
 #include "runtime/model/QzPkgLanguage.h"
 
 #include <algorithm>
@@ -31,19 +32,6 @@ AnsiString Folded(const AnsiString& s)
     }
     return out;
 }
-
-// Holds a collection's change notices back until the scope ends, so that a
-// write of several fields is heard once.
-class TUpdateScope {
-public:
-    explicit TUpdateScope(TQzPkgCollection* items) : FItems(items) { FItems->BeginUpdate(); }
-    ~TUpdateScope() { FItems->EndUpdate(); }
-    TUpdateScope(const TUpdateScope&) = delete;
-    TUpdateScope& operator=(const TUpdateScope&) = delete;
-
-private:
-    TQzPkgCollection* FItems;
-};
 
 void SetItemText(TQzPkgIdItem& item, const AnsiString& text)
 {
@@ -135,7 +123,7 @@ TQzPkgIdItem* QzMemoryWriteItem(TQzPkgStrings& pkg, TQzMemoryFamily family, bool
     TQzPkgIdCollection* items = QzMemoryItems(pkg, family);
     pkg.CheckChange();
     const Integer id = StrToInt(Trim(fields.IdText));
-    TUpdateScope update(items);
+    TQzPkgCollectionUpdate update(*items);
     TQzPkgIdItem* item = nullptr;
     if (modify) {
         item = items->FindIdItem(oldId);

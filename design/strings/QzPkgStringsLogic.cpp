@@ -1,5 +1,6 @@
 #include "design/strings/QzPkgStringsLogic.h"
 
+#include "runtime/model/QzPkgCollectionUpdate.h"
 #include "runtime/model/QzPkgLanguage.h"
 #include "runtime/util/QzFields.h"
 #include "runtime/util/QzPaths.h"
@@ -38,19 +39,6 @@ AnsiString OneLine(const AnsiString& text)
     std::replace(line.begin(), line.end(), '\n', ' ');
     return line;
 }
-
-// Ends an update of a collection however the import ends, so that the
-// package hears of the change once.
-class TCollectionUpdate {
-public:
-    explicit TCollectionUpdate(TQzPkgIdCollection& c) : FCollection(c) { FCollection.BeginUpdate(); }
-    ~TCollectionUpdate() { FCollection.EndUpdate(); }
-    TCollectionUpdate(const TCollectionUpdate&) = delete;
-    TCollectionUpdate& operator=(const TCollectionUpdate&) = delete;
-
-private:
-    TQzPkgIdCollection& FCollection;
-};
 
 void AddItem(TQzPkgStrings& pkg, TQzMemoryFamily family, TStringList& fields)
 {
@@ -126,7 +114,7 @@ void QzStringsExportFile(const TQzPkgStrings& pkg, TQzMemoryFamily family, const
 void QzStringsImportText(TQzPkgStrings& pkg, TQzMemoryFamily family, const TStrings& lines, const AnsiString& fileName)
 {
     TQzPkgIdCollection& collection = ItemsOf(pkg, family);
-    TCollectionUpdate update(collection);
+    TQzPkgCollectionUpdate update(collection);
     collection.Clear();
     TStringList fields;
     for (int i = 0; i < lines.Count(); ++i) {
@@ -151,12 +139,6 @@ void QzStringsImportFile(TQzPkgStrings& pkg, TQzMemoryFamily family, const AnsiS
 }
 
 // ----------------------------------------------------------- system strings
-
-AnsiString QzSystemStringsEntry(const AnsiString& picked, const AnsiString& installPath)
-{
-    const bool installed = AnsiCompareText(QzAddPathBar(ExtractFilePath(picked)), QzAddPathBar(installPath)) == 0;
-    return installed ? ExtractFileName(picked) : picked;
-}
 
 AnsiString QzSystemStringsFile(const AnsiString& entry, const AnsiString& installPath)
 {

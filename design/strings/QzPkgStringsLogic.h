@@ -32,9 +32,6 @@ void QzStringsImportText(TQzPkgStrings& pkg, TQzMemoryFamily family, const TStri
                          const AnsiString& fileName);
 void QzStringsImportFile(TQzPkgStrings& pkg, TQzMemoryFamily family, const AnsiString& fileName);
 
-// The entry for a file picked to refresh the "System" strings from: its name
-// alone when it lies in the installation folder, its full path otherwise.
-AnsiString QzSystemStringsEntry(const AnsiString& picked, const AnsiString& installPath);
 // The file an entry names (a name alone is looked for in the installation
 // folder); raises Exception "Invalidate FileName" when it is empty or names
 // no file.

@@ -35,7 +35,7 @@ void TFrUpdateSystemStrings::BtBrowseClick()
     request.Parent = this;
     const AnsiString name = QzOpenFile(request);
     if (!name.empty())
-        Edit1->setText(QzQString(QzSystemStringsEntry(name, QzGetInstallPath())));
+        Edit1->setText(QzQString(QzInstallFileEntry(name, QzGetInstallPath())));
 }
 
 void TFrUpdateSystemStrings::BtOkClick()

@@ -81,3 +81,9 @@ AnsiString QzGetInstallPath()
             return dir;
     return candidates[0];
 }
+
+AnsiString QzInstallFileEntry(const AnsiString& picked, const AnsiString& installPath)
+{
+    const bool installed = AnsiCompareText(QzAddPathBar(ExtractFilePath(picked)), QzAddPathBar(installPath)) == 0;
+    return installed ? ExtractFileName(picked) : picked;
+}

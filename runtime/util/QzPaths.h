@@ -25,6 +25,10 @@ AnsiString QzAppPath();
 //     run from the build finds the data the build generated.
 // When neither folder exists the first candidate is returned all the same.
 AnsiString QzGetInstallPath();
+// How a picked file is entered in a setting: its name alone when it lies in
+// the installation folder (installPath), so that the setting survives a
+// move of the installation, and its full path otherwise.
+AnsiString QzInstallFileEntry(const AnsiString& picked, const AnsiString& installPath);
 
 // The file names of the installation data.
 inline constexpr const char* QzBaseLanguageFileName = "Base.lan";

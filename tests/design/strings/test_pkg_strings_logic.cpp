@@ -4,6 +4,7 @@
 
 #include "design/strings/QzPkgStringsLogic.h"
 #include "runtime/model/QzPkgLanguage.h"
+#include "runtime/util/QzPaths.h"
 
 #include "rtl/SysUtils.h"
 
@@ -131,8 +132,8 @@ TEST(PkgStringsLogic, TheSystemStringsFileIsNamedAloneInTheInstallationFolder)
     for (const QTemporaryDir* d : {&install, &other})
         QFile(d->filePath("Base.lan")).open(QIODevice::WriteOnly);
     const AnsiString installPath = install.path().toStdString();
-    EXPECT_EQ(QzSystemStringsEntry(Path(install, "Base.lan"), installPath), "Base.lan");
-    EXPECT_EQ(QzSystemStringsEntry(Path(other, "Base.lan"), installPath), Path(other, "Base.lan"));
+    EXPECT_EQ(QzInstallFileEntry(Path(install, "Base.lan"), installPath), "Base.lan");
+    EXPECT_EQ(QzInstallFileEntry(Path(other, "Base.lan"), installPath), Path(other, "Base.lan"));
     EXPECT_EQ(QzSystemStringsFile("Base.lan", installPath), Path(install, "Base.lan"));
     EXPECT_EQ(QzSystemStringsFile(Path(other, "Base.lan"), installPath), Path(other, "Base.lan"));
     for (const AnsiString& bad : {AnsiString(), AnsiString("  "), AnsiString("Missing.lan"), Path(other, "x.lan")})
