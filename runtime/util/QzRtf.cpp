@@ -236,8 +236,14 @@ void TRtfReader::Flush()
 
 void TRtfReader::Emit(const AnsiString& utf8)
 {
-    if (FState.Dest == TDest::Body && !utf8.empty())
-        QzRtfAddText(FParagraph, utf8, Format());
+    if (FState.Dest != TDest::Body)
+        return;
+    // Control characters other than the tab have no meaning in a paragraph.
+    AnsiString text;
+    for (char c : utf8)
+        if (static_cast<unsigned char>(c) >= 32 || c == '\t')
+            text += c;
+    QzRtfAddText(FParagraph, text, Format());
 }
 
 void TRtfReader::EmitChar(char32_t c)
@@ -543,9 +549,22 @@ AnsiString QzWriteRtf(const TQzRtfDocument& document)
         if (paragraph.Bullet)
             body += "{\\pntext\\'95\\tab}{\\*\\pn\\pnlvlblt\\pnindent0{\\pntxtb\\'95}}\\fi-360\\li720";
         body += ' ';
+        // Runs are merged again after the writer drops what a paragraph
+        // cannot hold, so that reading gives the runs written.
+        std::vector<TQzRtfRun> runs;
         for (const TQzRtfRun& run : paragraph.Runs) {
-            if (run.Text.empty())
+            const AnsiString text = EscapeText(run.Text);
+            if (text.empty())
                 continue;
+            TQzRtfCharFormat format = run.Format;
+            if (Trim(FontEntryName(format.FontName)).empty())
+                format.FontName.clear();  // a name the table cannot hold is the default font
+            if (!runs.empty() && runs.back().Format == format)
+                runs.back().Text += text;
+            else
+                runs.push_back({text, format});
+        }
+        for (const TQzRtfRun& run : runs) {
             const TQzRtfCharFormat& f = run.Format;
             AnsiString props;
             if (!f.FontName.empty())
@@ -560,7 +579,7 @@ AnsiString QzWriteRtf(const TQzRtfDocument& document)
                 props += "\\ul";
             if (f.Color)
                 props += "\\cf" + IntToStr(indexOf(colors, *f.Color));
-            body += "{" + props + (props.empty() ? "" : " ") + EscapeText(run.Text) + "}";
+            body += "{" + props + (props.empty() ? "" : " ") + run.Text + "}";
         }
         body += "\\par\n";
     }
