@@ -11,6 +11,7 @@
 #include "rtl/TypInfo.h"
 
 #include "support/gui/QzModalDriver.h"
+#include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -59,6 +60,8 @@ TEST_F(RichEditWindow, FormatsChosenReachTheLinesAsRtfOnOkOnly)
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtBold")->isChecked());
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtCenter")->isChecked());
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtBullets")->isChecked());
+                if (qEnvironmentVariableIsSet("QZ_SCREENSHOT_DIR"))
+                    QzSaveScreenshot(w, qEnvironmentVariable("QZ_SCREENSHOT_DIR") + "/rich-edit.png");
             })
             .Click(accept ? "BtOk" : "BtCancel");
         TFrRichEdit form;
