@@ -170,4 +170,15 @@ TEST_F(SettingsWindows, LanguageShowsItsLocaleLiveAndKeepsStringsEditsForOk)
     }
 }
 
+TEST_F(SettingsWindows, OkWithoutAChangeAddsNoUndoStep)
+{
+    for (TQzEditorDialog kind : {TQzEditorDialog::Setup, TQzEditorDialog::Language}) {
+        TDriver driver;
+        driver.Click("BtOk");
+        EXPECT_EQ(Run(kind), 1);
+        EXPECT_TRUE(driver.Finished());
+    }
+    EXPECT_TRUE(Marked.empty());
+}
+
 }  // namespace
