@@ -1,5 +1,6 @@
 #include "design/images/Qzvtmemoryimageadd.h"
 
+#include "design/images/Qzvtdesignrgn.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/model/QzRegistry.h"
 #include "runtime/pictures/QzGraphicFormats.h"
@@ -92,6 +93,7 @@ void TFrMemoryImageAdd::CreateMaskMenu()
     }
     MnMaskInternal->setChecked(true);
     PopupMask->addSeparator();
+    MnMaskEditor = action("MnMaskEditor", "Mask &Editor...");
     MnMaskAuto = action("MnMaskAuto", "From the &Bottom-Left Pixel");
     MnMaskColor = action("MnMaskColor", "From a &Colour...");
     MnMaskFile = action("MnMaskFile", "From a &File...");
@@ -100,6 +102,7 @@ void TFrMemoryImageAdd::CreateMaskMenu()
 
     connect(MnMaskInternal, &QAction::triggered, this, [this] { SetMaskKind(TQzMaskKind::Internal); });
     connect(MnMaskExternal, &QAction::triggered, this, [this] { SetMaskKind(TQzMaskKind::External); });
+    connect(MnMaskEditor, &QAction::triggered, this, &TFrMemoryImageAdd::MaskEditor);
     connect(MnMaskAuto, &QAction::triggered, this, [this] { MaskFromColor(false); });
     connect(MnMaskColor, &QAction::triggered, this, [this] { MaskFromColor(true); });
     connect(MnMaskFile, &QAction::triggered, this, &TFrMemoryImageAdd::MaskFromFile);
@@ -262,6 +265,16 @@ void TFrMemoryImageAdd::MaskFromFile()
     const std::vector<AnsiString> files = QzDialogs().OpenPictures(request);
     if (!files.empty())
         Edit([&] { QzImageMaskFromFile(*FWork, FMaskKind, files.front()); });
+}
+
+void TFrMemoryImageAdd::MaskEditor()
+{
+    TQzPicture picture(FWork);
+    if (QzExecuteDesignRgn(picture, this, FMaskKind) != 1)
+        return;
+    FDirty = true;
+    ShowPreview();
+    ChangeState();
 }
 
 void TFrMemoryImageAdd::MaskClear()

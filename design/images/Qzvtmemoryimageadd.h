@@ -53,6 +53,8 @@ public:
     void MaskFromColor(bool ask);   // ask=false: the bottom-left pixel's colour
     void MaskFromFile();
     void MaskClear();
+    // The mask editor on the working image, starting on the chosen mask.
+    void MaskEditor();
     void SetMaskKind(TQzMaskKind kind);
     TQzMaskKind MaskKind() const { return FMaskKind; }
 
@@ -85,6 +87,7 @@ private:
     QMenu* PopupMask;
     QAction* MnMaskInternal;
     QAction* MnMaskExternal;
+    QAction* MnMaskEditor;
     QAction* MnMaskAuto;
     QAction* MnMaskColor;
     QAction* MnMaskFile;
