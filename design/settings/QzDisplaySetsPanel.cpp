@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QFontMetrics>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -148,6 +149,7 @@ TQzDisplaySetsPanel::TQzDisplaySetsPanel(QWidget* parent) : QWidget(parent)
     line->addWidget(label);
     line->addWidget(EdDescription, 1);
 
+    LBSets->installEventFilter(this);
     connect(BtNew, &QPushButton::clicked, this, &TQzDisplaySetsPanel::NewSet);
     connect(BtEdit, &QPushButton::clicked, this, &TQzDisplaySetsPanel::EditSet);
     connect(BtFontColor, &QPushButton::clicked, this, &TQzDisplaySetsPanel::ChooseFontColor);
@@ -162,6 +164,23 @@ TQzDisplaySetsPanel::TQzDisplaySetsPanel(QWidget* parent) : QWidget(parent)
         else if (item->data(Qt::UserRole).toInt() >= 0)
             EditSet();
     });
+}
+
+bool TQzDisplaySetsPanel::eventFilter(QObject* watched, QEvent* event)
+{
+    // Insert and Delete on the list, as in the designer's other lists.
+    if (watched == LBSets && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->modifiers() == Qt::NoModifier && key->key() == Qt::Key_Insert) {
+            NewSet();
+            return true;
+        }
+        if (key->modifiers() == Qt::NoModifier && key->key() == Qt::Key_Delete) {
+            DeleteSet();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void TQzDisplaySetsPanel::SetSets(TQzPkgDisplaySets* sets, bool withDefault)

@@ -56,6 +56,9 @@ public:
     QPushButton* BtDelete;
     QLineEdit* EdDescription;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void Changed(const TQzPkgDisplaySet* select);
     void ItemEdited(QListWidgetItem* item);

@@ -190,7 +190,7 @@ TEST_F(DisplaySetWindows, NamesInUseAreRefusedAndDeletingAsksFirst)
     });
     driver.Then("delete Title", Select("Title")).Click("BtDelete");
     driver.Then("kept on No", [](QWidget* w) { EXPECT_EQ(Panel(w)->Current()->Name(), "Title"); });
-    driver.Click("BtDelete");
+    driver.Then("Delete on the list", [](QWidget* w) { Panel(w)->LBSets->setFocus(); }).Key(Qt::Key_Delete);
     driver.Then("gone on Yes", [](QWidget* w) { EXPECT_EQ(Panel(w)->Sets()->FindSet("Title"), nullptr); });
     driver.Click("BtCancel");
     EXPECT_EQ(RunKind(TQzEditorDialog::SetFont, target), 0);
