@@ -60,8 +60,10 @@ TEST_F(RichEditWindow, FormatsChosenReachTheLinesAsRtfOnOkOnly)
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtBold")->isChecked());
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtCenter")->isChecked());
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtBullets")->isChecked());
-                if (qEnvironmentVariableIsSet("QZ_SCREENSHOT_DIR"))
+                if (qEnvironmentVariableIsSet("QZ_SCREENSHOT_DIR")) {
+                    Editor(w)->moveCursor(QTextCursor::End);
                     QzSaveScreenshot(w, qEnvironmentVariable("QZ_SCREENSHOT_DIR") + "/rich-edit.png");
+                }
             })
             .Click(accept ? "BtOk" : "BtCancel");
         TFrRichEdit form;
