@@ -655,8 +655,8 @@ void TQzDesignSurface::mouseReleaseEvent(QMouseEvent* event)
     if (drag == TDrag::Move || drag == TDrag::Size) {
         ApplyDrag(pos);
         if (pos != FPressPos) {
-            FDesigner->Modified();
             FDesigner->Record(drag == TDrag::Move ? QStringLiteral("Move") : QStringLiteral("Size"), std::move(FBefore));
+            FDesigner->Modified();
         }
     }
     FStartBounds.clear();

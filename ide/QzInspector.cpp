@@ -85,9 +85,11 @@ void TQzInspectorModel::Rebuild()
     beginResetModel();
     FRoots.clear();
     if (FDesigner) {
-        TDesignerSelections selection;
-        for (TComponent* c : FDesigner->SelectedComponents())
-            selection.push_back(c);
+        // Not only components: a collection editor selects the items it
+        // lists.
+        TDesignerSelections selection = FDesigner->GetSelections();
+        if (selection.empty())
+            selection.push_back(FDesigner->GetRoot());
         std::vector<std::unique_ptr<TPropertyEditor>> editors;
         GetComponentProperties(
             selection, FDesigner,

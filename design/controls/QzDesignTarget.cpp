@@ -2,7 +2,9 @@
 
 #include "designide/DesignIntf.h"
 
+#include <QApplication>
 #include <QTimer>
+#include <QWidget>
 
 TQzDesignTarget::TQzDesignTarget(std::function<void()> changed)
     : FChanged(std::move(changed)), FWatcher(std::make_unique<TComponentFreeWatcher>([this](TComponent* freed) {
@@ -42,12 +44,38 @@ void TQzDesignTarget::Set(TComponent* component, IDesigner* designer)
     FDesigner = designer;
     auto* object = dynamic_cast<QObject*>(designer);
     FDesignerIsObject = object != nullptr;
+    if (object && object != FDesignerObject) {
+        // The form closed: the window goes with it, not at its next use.
+        QObject::connect(object, &QObject::destroyed, &FContext, [this] {
+            FComponent = nullptr;
+            if (FChanged)
+                FChanged();
+        });
+    }
     FDesignerObject = object;
+}
+
+QWidget* QzDesignWindowParent()
+{
+    QWidget* window = QApplication::activeWindow();
+    // Beside another design window, the host's window owns this one too.
+    while (window && window->windowType() == Qt::Tool)
+        window = window->parentWidget() ? window->parentWidget()->window() : nullptr;
+    return window;
 }
 
 IDesigner* TQzDesignTarget::Designer() const
 {
     return FDesignerIsObject && !FDesignerObject ? nullptr : FDesigner;
+}
+
+TComponent* TQzDesignTarget::Component()
+{
+    if (!FComponent)
+        Refind();
+    if (FComponent)
+        FName = FComponent->Name();
+    return FComponent;
 }
 
 bool TQzDesignTarget::Refind()

@@ -15,6 +15,7 @@
 #include <memory>
 
 class IDesigner;
+class QWidget;
 
 class TQzDesignTarget {
 public:
@@ -27,13 +28,10 @@ public:
     TQzDesignTarget& operator=(const TQzDesignTarget&) = delete;
 
     void Set(TComponent* component, IDesigner* designer);
-    // Also notes the name, which the user may have changed since.
-    TComponent* Component()
-    {
-        if (FComponent)
-            FName = FComponent->Name();
-        return FComponent;
-    }
+    // Looks the component up again when it was freed (the form read
+    // again before the look-up that changed runs after); also notes the
+    // name, which the user may have changed since.
+    TComponent* Component();
     // nullptr once the designer is gone.
     IDesigner* Designer() const;
     // Looks the component up again by its name; true when it is there.
@@ -53,3 +51,7 @@ private:
     bool FDesignerIsObject = false;
     QObject FContext;  // drops the pending look-up when the target goes
 };
+
+// The window a design window belongs to: the host's active window, never
+// another design window, so that it closes with the host.
+QWidget* QzDesignWindowParent();

@@ -14,7 +14,6 @@
 
 #include <QAction>
 #include <QKeyEvent>
-#include <QApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -263,7 +262,7 @@ int OpenCollection(TQzEditorDialogRequest& request)
         return 0;
     TFrCollection* window = QzFindCollectionWindow(collection);
     if (!window) {
-        window = new TWindow(QApplication::activeWindow());
+        window = new TWindow(QzDesignWindowParent());
         window->setAttribute(Qt::WA_DeleteOnClose);
     }
     window->Execute(collection, request.Component, request.Designer, request.Caption);

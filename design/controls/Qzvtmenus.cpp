@@ -11,7 +11,6 @@
 #include "vcl/QzDialogs.h"
 #include "vcl/QzQtString.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPointer>
@@ -44,6 +43,7 @@ TFrMenus::TFrMenus(QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::Tool), FView(new TQzMenuView), FTarget([this] { Refresh(); })
 {
     setupUi(this);
+    FView->setObjectName(QStringLiteral("MenuView"));
     ScrollBox->setWidget(FView);
     for (const AnsiString& name : QzShortCutNames())
         CBShortCut->addItem(QzQString(name));
@@ -352,7 +352,7 @@ void RegisterQzvtmenus()
             return 0;
         TFrMenus* window = QzFindMenusWindow(menu);
         if (!window) {
-            window = new TFrMenus(QApplication::activeWindow());
+            window = new TFrMenus(QzDesignWindowParent());
             window->setAttribute(Qt::WA_DeleteOnClose);
         }
         window->Execute(menu, request.Designer);

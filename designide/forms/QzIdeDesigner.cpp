@@ -77,7 +77,16 @@ TIdeDesigner::TIdeDesigner(std::unique_ptr<TFormDesigner> form)
 
 TIdeDesigner::~TIdeDesigner() = default;
 
-void TIdeDesigner::Modified() { FForm->Modified(); }
+void TIdeDesigner::Modified()
+{
+    // A design window beside the designer (the menus or a collection
+    // editor) changes the form outside any Change: each of its changes is
+    // a step of its own.
+    if (FChangeDepth == 0)
+        ChangedOutside(QStringLiteral("Change"));
+    else
+        FForm->Modified();
+}
 
 void TIdeDesigner::SetSelections(const TDesignerSelections& selections)
 {

@@ -30,7 +30,7 @@ public:
     explicit TIdeDesigner(std::unique_ptr<TFormDesigner> form);
     ~TIdeDesigner() override;
 
-    // IDesigner
+    // IDesigner. Outside a Change, Modified records the change as a step.
     void Modified() override;
     TComponent* GetRoot() const override { return FForm->GetRoot(); }
     TComponent* GetComponent(const AnsiString& name) const override { return FForm->GetComponent(name); }

@@ -1,0 +1,100 @@
+// The menus and collection editors beside qzide's designer on the demo
+// project: each change they make is one step of the form's undo history,
+// undo leaves them open on the form as it was read again, and the chosen
+// page is what the property grid shows.
+
+#include "IdeFixture.h"
+
+#include "ide/QzDesignSurface.h"
+#include "ide/QzInspector.h"
+#include "runtime/components/QzMenus.h"
+#include "runtime/components/QzPages.h"
+
+#include "support/gui/QzScreenshot.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTest>
+#include <QToolButton>
+#include <QUndoStack>
+
+namespace {
+
+class IdeDesignWindows : public TIdeTest {
+protected:
+    static QWidget* Window(const char* className)
+    {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->objectName() == className && w->isVisible())
+                return w;
+        return nullptr;
+    }
+    static void Settle()
+    {
+        for (int i = 0; i < 3; ++i)
+            QApplication::processEvents();
+    }
+    int Steps() const { return Main()->UndoStack()->count(); }
+    // The picture of the guide, when the run takes them.
+    static void Picture(QWidget* window, const char* name)
+    {
+        const QString shots = qEnvironmentVariable("QZ_SCREENSHOT_DIR");
+        if (!shots.isEmpty())
+            QzSaveScreenshot(window, shots + "/" + name);
+    }
+};
+
+TEST_F(IdeDesignWindows, AMenuTypedInTheDesignerIsOneUndoStepAndUndoKeepsTheWindow)
+{
+    ASSERT_TRUE(Surface(Main())->EditComponent(Find("MainMenu1")));
+    QWidget* window = Window("TFrMenus");
+    ASSERT_TRUE(window);
+    auto* view = window->findChild<QWidget*>("MenuView");
+    const auto items = [this] { return dynamic_cast<TQzMainMenu*>(Find("MainMenu1"))->Items()->Count(); };
+    const int before = items();
+    const int steps = Steps();
+    for (int i = 0; i < before; ++i)
+        QTest::keyClick(view, Qt::Key_Right);
+    QTest::keyClicks(view, "W");
+    QTest::keyClick(window->findChild<QLineEdit*>("EdCaption"), Qt::Key_Return);
+    EXPECT_EQ(items(), before + 1);
+    EXPECT_EQ(Steps(), steps + 1);
+
+    Main()->UndoStack()->undo();
+    Settle();
+    EXPECT_EQ(items(), before);
+    EXPECT_EQ(Window("TFrMenus"), window) << "still open, on the menu read again";
+    QTest::keyClicks(view, "X");
+    QTest::keyClick(window->findChild<QLineEdit*>("EdCaption"), Qt::Key_Return);
+    EXPECT_EQ(items(), before + 1) << "edits the new menu";
+
+    QTest::keyClick(view, Qt::Key_Home);
+    for (int i = 0; i <= before; ++i)
+        QTest::keyClick(view, Qt::Key_Left);
+    QTest::keyClick(view, Qt::Key_Down);
+    QTest::keyClick(view, Qt::Key_Down);
+    Picture(window, "menus-editor.png");
+}
+
+TEST_F(IdeDesignWindows, AChosenPageIsWhatThePropertyGridShows)
+{
+    ASSERT_TRUE(Surface(Main())->EditComponent(Find("Pages")));
+    QWidget* window = Window("TFrCollection");
+    ASSERT_TRUE(window);
+    auto* pages = dynamic_cast<TQzPageControl*>(Find("Pages"));
+    const int before = pages->PageCount();
+    const int steps = Steps();
+    QTest::mouseClick(window->findChild<QToolButton*>("BtAdd"), Qt::LeftButton);
+    EXPECT_EQ(pages->PageCount(), before + 1);
+    EXPECT_EQ(Steps(), steps + 1);
+    EXPECT_TRUE(FWindow->Inspector()->Properties()->Find("TabSheet").isValid()) << "the page item's properties";
+    Picture(window, "collection-editor.png");
+
+    Main()->UndoStack()->undo();
+    Settle();
+    EXPECT_EQ(dynamic_cast<TQzPageControl*>(Find("Pages"))->PageCount(), before);
+    EXPECT_EQ(window->findChild<QListWidget*>("ListView")->count(), before) << "the list follows";
+}
+
+}  // namespace
