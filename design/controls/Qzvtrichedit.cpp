@@ -99,7 +99,9 @@ int TFrRichEdit::Execute(TStrings* lines, bool plainText)
     SetPlainText(plainText);
     SetText(lines ? LinesText(*lines) : AnsiString());
     RichEdit->setFocus();
-    if (Execute() != mrOk)
+    // An Ok that changed nothing leaves the lines, and the designer's undo,
+    // alone: rewriting them would only normalise another program's RTF.
+    if (Execute() != mrOk || !RichEdit->document()->isModified())
         return 0;
     if (lines)
         lines->SetText(Text());

@@ -21,8 +21,8 @@ public:
     explicit TFrRichEdit(QWidget* parent = nullptr);
 
     using TQzDialog::Execute;
-    // Edits lines (RTF, or plain text when plainText); on Ok the edited text
-    // replaces them and the result is 1.
+    // Edits lines (RTF, or plain text when plainText); on Ok after a change
+    // the edited text replaces them and the result is 1.
     int Execute(TStrings* lines, bool plainText);
 
     bool PlainText() const { return FPlainText; }

@@ -147,6 +147,10 @@ TEST_F(RichEditWindow, ThePropertyOpensAPlainTextRichEditWithoutFormatting)
     request.Target = rich.Lines();
     EXPECT_EQ(QzRunEditorDialog(TQzEditorDialog::RichEdit, request), 1);
     EXPECT_EQ(rich.Lines()->Text(), "plain text\r\n");
+
+    TQzModalDriver unchanged;
+    unchanged.Click("BtOk");
+    EXPECT_EQ(QzRunEditorDialog(TQzEditorDialog::RichEdit, request), 0) << "nothing for the designer to record";
 }
 
 }  // namespace
