@@ -207,6 +207,28 @@ void TQzImagesGrid::SelectRow(int row)
     scrollTo(index);
 }
 
+void TQzImagesGrid::SelectId(Integer id)
+{
+    const int row = id < 0 ? -1 : FModel->RowOfId(id);
+    {
+        const QSignalBlocker block(selectionModel());
+        SelectRow(row);
+    }
+    viewport()->update();
+}
+
+TQzPkgImagesImage* TQzImagesGrid::DeleteRow(int row)
+{
+    TQzPkgImagesImage* image = FModel->Image(row);
+    FDelegate->Cache().Invalidate(image);
+    {
+        const QSignalBlocker block(selectionModel());
+        FModel->RemoveRow(row);
+    }
+    delete image;  // leaves the package
+    return FModel->Image(QzImagesRowAfterDelete(row, FModel->rowCount()));
+}
+
 std::vector<int> TQzImagesGrid::SelectedRows() const
 {
     std::vector<int> rows;

@@ -90,6 +90,13 @@ public:
     void SelectRow(int row);
     // The selected rows, ascending.
     std::vector<int> SelectedRows() const;
+    // Selects the image of that Id, or nothing, without telling the
+    // selection's listeners: the windows' Id box drives this.
+    void SelectId(Integer id);
+    // Frees the image of row and drops its row, the thumbnail and the
+    // selection letting go of it first; returns the image to select next
+    // (null when none is left).
+    TQzPkgImagesImage* DeleteRow(int row);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

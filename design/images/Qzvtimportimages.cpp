@@ -1,5 +1,6 @@
 #include "design/images/Qzvtimportimages.h"
 
+#include "design/images/QzImagesViewMenu.h"
 #include "design/images/QzImportImagesLogic.h"
 #include "design/images/Qzvtimportdlg.h"
 #include "design/manager/Qzvtpkgloadsave.h"
@@ -9,21 +10,12 @@
 #include "vcl/QzWindowBounds.h"
 
 #include <QAction>
-#include <QActionGroup>
 #include <QMenu>
 
 namespace {
 
 AnsiString LastFile;
 TQzResizeInfoDesigner LastBounds;
-
-QAction* MakeAction(QMenu* menu, const char* name, const QString& text)
-{
-    QAction* action = menu->addAction(text);
-    action->setObjectName(QString::fromLatin1(name));
-    action->setCheckable(true);
-    return action;
-}
 
 }  // namespace
 
@@ -46,22 +38,13 @@ TFrImportImages::TFrImportImages(QWidget* parent) : TQzDialog(parent), PkgImages
     Images->setSelectionMode(QAbstractItemView::ExtendedSelection);
     RememberBounds(&LastBounds);
 
-    PopupMenu1 = new QMenu(this);
-    PopupMenu1->setObjectName("PopupMenu1");
-    MnTransparent = MakeAction(PopupMenu1, "MnTransparent", "Transparent");
-    MnStretch = MakeAction(PopupMenu1, "MnStretch", "Stretch");
-    PopupMenu1->addSeparator();
-    MnWH = MakeAction(PopupMenu1, "MnWH", "Show Width/Height");
-    MnSize = MakeAction(PopupMenu1, "MnSize", "Show Size (KB)");
-    auto* lines = new QActionGroup(PopupMenu1);
-    lines->addAction(MnWH);
-    lines->addAction(MnSize);
-    MnWH->setChecked(true);
-    for (QAction* action : {MnTransparent, MnStretch, MnWH, MnSize})
-        connect(action, &QAction::toggled, this, &TFrImportImages::MenuOptionsChanged);
-    connect(Images, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
-        PopupMenu1->popup(Images->viewport()->mapToGlobal(at));
-    });
+    // The source's protection is not imported: its menu offers no Protected.
+    const TQzImagesViewMenu view = QzCreateImagesViewMenu(this, Images, false);
+    PopupMenu1 = view.Menu;
+    MnTransparent = view.Transparent;
+    MnStretch = view.Stretch;
+    MnWH = view.WH;
+    MnSize = view.Size;
 
     connect(BtLoad, &QPushButton::clicked, this, &TFrImportImages::BtLoadClick);
     connect(BtLoadFrom, &QPushButton::clicked, this, &TFrImportImages::BtLoadFromClick);
@@ -87,15 +70,6 @@ TModalResult TFrImportImages::Execute()
     const TModalResult result = ShowModal();
     LastFile = QzAnsiString(Label7->text());
     return result;
-}
-
-void TFrImportImages::MenuOptionsChanged()
-{
-    TQzImagesGridOptions& options = Images->GridDelegate()->Options();
-    options.Transparent = MnTransparent->isChecked();
-    options.Stretch = MnStretch->isChecked();
-    options.Line = MnSize->isChecked() ? TQzImagesLine::Size : TQzImagesLine::WidthHeight;
-    Images->viewport()->update();
 }
 
 void TFrImportImages::LoadImages()

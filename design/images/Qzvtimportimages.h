@@ -55,7 +55,6 @@ private:
     void LoadImages();
     void UpdateInfo();
     void AdjustComponents();
-    void MenuOptionsChanged();
     void SourceLoaded(const AnsiString& fileName);
 
     std::unique_ptr<TQzPkgImages> PkgImages;

@@ -1,5 +1,6 @@
 #include "design/images/Qzvtmemoryimage.h"
 
+#include "design/images/QzImagesViewMenu.h"
 #include "design/images/Qzvtimportimages.h"
 #include "design/images/Qzvtmemoryimageadd.h"
 #include "design/manager/QzManagerKinds.h"
@@ -16,7 +17,6 @@
 #include "vcl/QzWindowBounds.h"
 
 #include <QAction>
-#include <QActionGroup>
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
@@ -25,14 +25,6 @@ namespace {
 
 // The chooser opens where the user last left it, for as long as the program runs.
 TQzResizeInfoDesigner ChooserBounds;
-
-QAction* MakeAction(QMenu* menu, const char* name, const QString& text, bool checkable = false)
-{
-    QAction* action = menu->addAction(text);
-    action->setObjectName(QString::fromLatin1(name));
-    action->setCheckable(checkable);
-    return action;
-}
 
 bool SystemEditing()
 {
@@ -69,44 +61,23 @@ TFrMemoryImage::~TFrMemoryImage() = default;
 
 void TFrMemoryImage::CreateMenus()
 {
-    PopupMenu1 = new QMenu(this);
-    PopupMenu1->setObjectName("PopupMenu1");
-    MnTransparent = MakeAction(PopupMenu1, "MnTransparent", "Transparent", true);
-    MnStretch = MakeAction(PopupMenu1, "MnStretch", "Stretch", true);
+    const TQzImagesViewMenu view = QzCreateImagesViewMenu(this, Images, true);
+    PopupMenu1 = view.Menu;
+    MnTransparent = view.Transparent;
+    MnStretch = view.Stretch;
+    MnWH = view.WH;
+    MnSize = view.Size;
+    MnProtected = view.Protected;
     PopupMenu1->addSeparator();
-    MnWH = MakeAction(PopupMenu1, "MnWH", "Show Width/Height", true);
-    MnSize = MakeAction(PopupMenu1, "MnSize", "Show Size (KB)", true);
-    MnProtected = MakeAction(PopupMenu1, "MnProtected", "Show Protected", true);
-    auto* lines = new QActionGroup(PopupMenu1);
-    for (QAction* action : {MnWH, MnSize, MnProtected})
-        lines->addAction(action);
-    MnWH->setChecked(true);
-    PopupMenu1->addSeparator();
-    MnImport = MakeAction(PopupMenu1, "MnImport", "Import Images");
+    MnImport = QzImagesMenuAction(PopupMenu1, "MnImport", "Import Images");
     N3 = PopupMenu1->addSeparator();
     N3->setObjectName("N3");
-    MnProtectAllImages = MakeAction(PopupMenu1, "MnProtectAllImages", "Protect All Images");
-    MnUnprotectAllImages = MakeAction(PopupMenu1, "MnUnprotectAllImages", "Unprotect All Images");
+    MnProtectAllImages = QzImagesMenuAction(PopupMenu1, "MnProtectAllImages", "Protect All Images");
+    MnUnprotectAllImages = QzImagesMenuAction(PopupMenu1, "MnUnprotectAllImages", "Unprotect All Images");
 
-    for (QAction* action : {MnTransparent, MnStretch, MnWH, MnSize, MnProtected})
-        connect(action, &QAction::toggled, this, &TFrMemoryImage::MenuOptionsChanged);
     connect(MnImport, &QAction::triggered, this, &TFrMemoryImage::MnImportClick);
     connect(MnProtectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(true); });
     connect(MnUnprotectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(false); });
-    connect(Images, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
-        PopupMenu1->popup(Images->viewport()->mapToGlobal(at));
-    });
-}
-
-void TFrMemoryImage::MenuOptionsChanged()
-{
-    TQzImagesGridOptions& options = Images->GridDelegate()->Options();
-    options.Transparent = MnTransparent->isChecked();
-    options.Stretch = MnStretch->isChecked();
-    options.Line = MnSize->isChecked()        ? TQzImagesLine::Size
-                   : MnProtected->isChecked() ? TQzImagesLine::Protected
-                                              : TQzImagesLine::WidthHeight;
-    Images->viewport()->update();
 }
 
 TModalResult TFrMemoryImage::Execute()
@@ -165,14 +136,7 @@ void TFrMemoryImage::LoadImages()
 
 void TFrMemoryImage::IdChange()
 {
-    const int id = QzIdEditValue(EdId);
-    const int row = id < 0 ? -1 : Images->GridModel()->RowOfId(id);
-    {
-        // Selecting from the Id box does not write the Id back.
-        const QSignalBlocker block(Images->selectionModel());
-        Images->SelectRow(row);
-    }
-    Images->viewport()->update();
+    Images->SelectId(QzIdEditValue(EdId));
     ChangeState();
 }
 
@@ -270,15 +234,7 @@ void TFrMemoryImage::BtDeleteClick()
         return;
     if (QzMsgPkg(mtConfirmation, "System", 25, {bkOK, bkCancel}, bkOK) != bkOK)
         return;
-    TQzPkgImagesImage* image = Images->GridModel()->Image(row);
-    Images->GridDelegate()->Cache().Invalidate(image);
-    {
-        // The grid lets go of the image before it is freed.
-        const QSignalBlocker block(Images->selectionModel());
-        Images->GridModel()->RemoveRow(row);
-    }
-    delete image;  // leaves the package
-    const TQzPkgImagesImage* next = Images->GridModel()->Image(QzImagesRowAfterDelete(row, Images->GridModel()->rowCount()));
+    const TQzPkgImagesImage* next = Images->DeleteRow(row);
     AfterChange(next ? next->Id() : -1);
     Modified();
 }

@@ -55,7 +55,6 @@ public:
 
 private:
     void CreateMenus();
-    void MenuOptionsChanged();
     void PkgChange();
     void LoadImages();
     void IdChange();

@@ -1,5 +1,6 @@
 #include "design/images/Qzvtpkgimages.h"
 
+#include "design/images/QzImagesViewMenu.h"
 #include "design/images/Qzvtimportimages.h"
 #include "design/images/Qzvtmemoryimageadd.h"
 #include "design/images/Qzvtupdatesystemimages.h"
@@ -18,7 +19,6 @@
 #include "vcl/QzWindowBounds.h"
 
 #include <QAction>
-#include <QActionGroup>
 #include <QApplication>
 #include <QMenu>
 #include <QPainter>
@@ -27,14 +27,6 @@
 #include <memory>
 
 namespace {
-
-QAction* MakeAction(QMenu* menu, const char* name, const QString& text, bool checkable = false)
-{
-    QAction* action = menu->addAction(text);
-    action->setObjectName(QString::fromLatin1(name));
-    action->setCheckable(checkable);
-    return action;
-}
 
 QAction* MakeSeparator(QMenu* menu, const char* name)
 {
@@ -90,50 +82,29 @@ TFrPkgImages::~TFrPkgImages() = default;
 
 void TFrPkgImages::CreateMenus()
 {
-    PopupMenu1 = new QMenu(this);
-    PopupMenu1->setObjectName("PopupMenu1");
-    MnTransparent = MakeAction(PopupMenu1, "MnTransparent", "Transparent", true);
-    MnStretch = MakeAction(PopupMenu1, "MnStretch", "Stretch", true);
-    MakeSeparator(PopupMenu1, "N1");
-    MnWH = MakeAction(PopupMenu1, "MnWH", "Show Width/Height", true);
-    MnSize = MakeAction(PopupMenu1, "MnSize", "Show Size (KB)", true);
-    MnProtected = MakeAction(PopupMenu1, "MnProtected", "Show Protected", true);
-    auto* lines = new QActionGroup(PopupMenu1);
-    for (QAction* action : {MnWH, MnSize, MnProtected})
-        lines->addAction(action);
-    MnWH->setChecked(true);
+    const TQzImagesViewMenu view = QzCreateImagesViewMenu(this, Images, true);
+    PopupMenu1 = view.Menu;
+    MnTransparent = view.Transparent;
+    MnStretch = view.Stretch;
+    MnWH = view.WH;
+    MnSize = view.Size;
+    MnProtected = view.Protected;
     MakeSeparator(PopupMenu1, "N2");
-    MnImport = MakeAction(PopupMenu1, "MnImport", "Import Images");
-    MnWhereUsed = MakeAction(PopupMenu1, "MnWhereUsed", "Where Is It Used...");
-    MnReportPdf = MakeAction(PopupMenu1, "MnReportPdf", "Save Report As PDF...");
+    MnImport = QzImagesMenuAction(PopupMenu1, "MnImport", "Import Images");
+    MnWhereUsed = QzImagesMenuAction(PopupMenu1, "MnWhereUsed", "Where Is It Used...");
+    MnReportPdf = QzImagesMenuAction(PopupMenu1, "MnReportPdf", "Save Report As PDF...");
     N3 = MakeSeparator(PopupMenu1, "N3");
-    MnUpdateSystemImages = MakeAction(PopupMenu1, "MnUpdateSystemImages", "Update System Images");
+    MnUpdateSystemImages = QzImagesMenuAction(PopupMenu1, "MnUpdateSystemImages", "Update System Images");
     N4 = MakeSeparator(PopupMenu1, "N4");
-    MnProtectAllImages = MakeAction(PopupMenu1, "MnProtectAllImages", "Protect All Images");
-    MnUnprotectAllImages = MakeAction(PopupMenu1, "MnUnprotectAllImages", "Unprotect All Images");
+    MnProtectAllImages = QzImagesMenuAction(PopupMenu1, "MnProtectAllImages", "Protect All Images");
+    MnUnprotectAllImages = QzImagesMenuAction(PopupMenu1, "MnUnprotectAllImages", "Unprotect All Images");
 
-    for (QAction* action : {MnTransparent, MnStretch, MnWH, MnSize, MnProtected})
-        connect(action, &QAction::toggled, this, &TFrPkgImages::MenuOptionsChanged);
     connect(MnImport, &QAction::triggered, this, &TFrPkgImages::MnImportClick);
     connect(MnWhereUsed, &QAction::triggered, this, &TFrPkgImages::MnWhereUsedClick);
     connect(MnReportPdf, &QAction::triggered, this, &TFrPkgImages::MnReportPdfClick);
     connect(MnUpdateSystemImages, &QAction::triggered, this, &TFrPkgImages::MnUpdateSystemImagesClick);
     connect(MnProtectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(true); });
     connect(MnUnprotectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(false); });
-    connect(Images, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) {
-        PopupMenu1->popup(Images->viewport()->mapToGlobal(at));
-    });
-}
-
-void TFrPkgImages::MenuOptionsChanged()
-{
-    TQzImagesGridOptions& options = Images->GridDelegate()->Options();
-    options.Transparent = MnTransparent->isChecked();
-    options.Stretch = MnStretch->isChecked();
-    options.Line = MnSize->isChecked()        ? TQzImagesLine::Size
-                   : MnProtected->isChecked() ? TQzImagesLine::Protected
-                                              : TQzImagesLine::WidthHeight;
-    Images->viewport()->update();
 }
 
 bool TFrPkgImages::IsSystemShown() const
@@ -194,14 +165,7 @@ void TFrPkgImages::PkgChange()
 
 void TFrPkgImages::IdChange()
 {
-    const int id = QzIdEditValue(EdId);
-    const int row = id < 0 ? -1 : Images->GridModel()->RowOfId(id);
-    {
-        // Selecting from the Id box does not write the Id back.
-        const QSignalBlocker block(Images->selectionModel());
-        Images->SelectRow(row);
-    }
-    Images->viewport()->update();
+    Images->SelectId(QzIdEditValue(EdId));
     ChangeState();
 }
 
@@ -351,15 +315,7 @@ void TFrPkgImages::DeleteItem(TObject* image)
 
 void TFrPkgImages::RemoveRow(int row)
 {
-    TQzPkgImagesImage* image = Images->GridModel()->Image(row);
-    Images->GridDelegate()->Cache().Invalidate(image);
-    {
-        const QSignalBlocker block(Images->selectionModel());
-        Images->GridModel()->RemoveRow(row);
-    }
-    delete image;  // leaves the package
-    const int next = QzImagesRowAfterDelete(row, Images->GridModel()->rowCount());
-    const TQzPkgImagesImage* selected = Images->GridModel()->Image(next);
+    const TQzPkgImagesImage* selected = Images->DeleteRow(row);
     QzSetIdEditValue(EdId, selected ? selected->Id() : -1);
     IdChange();
     UpdateInfo();

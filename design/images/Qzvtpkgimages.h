@@ -90,7 +90,6 @@ protected:
 
 private:
     void CreateMenus();
-    void MenuOptionsChanged();
     void UpdateInfo();
     void UpdateFile();
     void LoadImages();

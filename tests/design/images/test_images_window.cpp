@@ -2,6 +2,7 @@
 // finding by Id, deleting and clearing, protection in the "System" package,
 // refused files, the printed report, and an import that fills free Ids.
 
+#include "design/images/QzImagesViewMenu.h"
 #include "design/images/Qzvtimportimages.h"
 #include "design/images/Qzvtpkgimages.h"
 #include "design/images/Qzvtupdatesystemimages.h"
@@ -258,6 +259,31 @@ TEST_F(ImagesWindow, ProtectionIsOfferedOnlyInTheSystemPackageAndOnlyChangedWhil
         Run(driver, c.Package);
     }
     EXPECT_EQ(protectedCount(), 2);
+}
+
+TEST_F(ImagesWindow, TheViewMenuDrivesTheGridAndOffersProtectionOnlyWhereAsked)
+{
+    for (const bool withProtected : {true, false}) {
+        SCOPED_TRACE(withProtected);
+        QWidget owner;
+        auto* grid = new TQzImagesGrid(&owner);
+        const TQzImagesViewMenu view = QzCreateImagesViewMenu(&owner, grid, withProtected);
+        const TQzImagesGridOptions& options = grid->GridDelegate()->Options();
+        EXPECT_EQ(view.Protected != nullptr, withProtected);
+        EXPECT_TRUE(view.WH->isChecked());
+        view.Transparent->setChecked(true);
+        view.Stretch->setChecked(true);
+        EXPECT_TRUE(options.Transparent && options.Stretch);
+        view.Size->setChecked(true);
+        EXPECT_FALSE(view.WH->isChecked()) << "the last line shows one thing";
+        EXPECT_EQ(options.Line, TQzImagesLine::Size);
+        if (view.Protected) {
+            view.Protected->setChecked(true);
+            EXPECT_EQ(options.Line, TQzImagesLine::Protected);
+        }
+        view.WH->setChecked(true);
+        EXPECT_EQ(options.Line, TQzImagesLine::WidthHeight);
+    }
 }
 
 TEST_F(ImagesWindow, ADamagedPackageFileIsRefusedAndThePackageKept)

@@ -1,0 +1,29 @@
+#pragma once
+// The context menu every images window opens over its grid. It starts with
+// the same view options everywhere: transparency, stretching and the
+// cell's last line (width/height, size, or protection where a package's
+// protection is shown). Each window adds its own commands below them.
+
+#include <QString>
+
+class QAction;
+class QMenu;
+class QWidget;
+class TQzImagesGrid;
+
+// A menu command named as the windows' tests and translations find it.
+QAction* QzImagesMenuAction(QMenu* menu, const char* name, const QString& text, bool checkable = false);
+
+struct TQzImagesViewMenu {
+    QMenu* Menu = nullptr;
+    QAction* Transparent = nullptr;
+    QAction* Stretch = nullptr;
+    QAction* WH = nullptr;
+    QAction* Size = nullptr;
+    // Null when the window does not offer it.
+    QAction* Protected = nullptr;
+};
+
+// Creates the menu ("PopupMenu1", owned by owner) with the view options,
+// keeps the grid's options in step with them and opens it over the grid.
+TQzImagesViewMenu QzCreateImagesViewMenu(QWidget* owner, TQzImagesGrid* grid, bool withProtected);
