@@ -149,7 +149,7 @@ void TQzMenuView::Paint(QPainter& painter, const TQzMenuCell& cell) const
     if (cell.Slot) {
         QPen pen(palette().color(QPalette::Mid), 1, Qt::DashLine);
         painter.setPen(pen);
-        painter.setBrush(current ? palette().color(QPalette::Highlight) : Qt::NoBrush);
+        painter.setBrush(current ? QBrush(palette().color(QPalette::Highlight)) : QBrush(Qt::NoBrush));
         painter.drawRect(r.adjusted(2, 2, -3, -3));
         return;
     }

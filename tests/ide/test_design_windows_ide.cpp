@@ -73,7 +73,6 @@ TEST_F(IdeDesignWindows, AMenuTypedInTheDesignerIsOneUndoStepAndUndoKeepsTheWind
     for (int i = 0; i <= before; ++i)
         QTest::keyClick(view, Qt::Key_Left);
     QTest::keyClick(view, Qt::Key_Down);
-    QTest::keyClick(view, Qt::Key_Down);
     Picture(window, "menus-editor.png");
 }
 
