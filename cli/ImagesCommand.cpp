@@ -1,5 +1,6 @@
 #include "cli/ImagesCommand.h"
 
+#include "cli/PackageOwnFile.h"
 #include "design/images/QzImagesExchange.h"
 #include "designide/FormDesigner.h"
 #include "runtime/components/QzComponentsReg.h"
@@ -9,7 +10,6 @@
 #include "runtime/model/QzPkgDisplay.h"
 #include "runtime/model/QzRegistry.h"
 
-#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
@@ -71,22 +71,6 @@ std::vector<TQzPkgImages*> FormImagesPackages(TComponent* root)
     return found;
 }
 
-// A package kept in a file of its own is read from beside the form, as the
-// application reads it from its folder.
-void LoadOwnFile(TQzPkgImages& pkg, const AnsiString& formFile)
-{
-    if (pkg.InitMode() != imFile || pkg.FileName().empty())
-        return;
-    AnsiString file = pkg.FileName();
-    std::replace(file.begin(), file.end(), '\\', '/');
-    if (ExtractFileExt(file).empty())
-        file += "." + pkg.DefaultExt();
-    if (file[0] != '/')
-        file = IncludeTrailingPathDelimiter(ExtractFileDir(formFile)) + file;
-    if (FileExists(file))
-        pkg.LoadFromFile(file);
-}
-
 int ReportProblems(const TQzImagesExchangeReport& report, std::FILE* err)
 {
     for (const AnsiString& problem : report.Problems)
@@ -119,7 +103,7 @@ int Export(const AnsiString& source, const AnsiString& folder, const AnsiString&
             names += (names.empty() ? "" : ", ") + p->PkgName();
         throw Exception(source + " keeps several images packages (" + names + "): name one with --package");
     }
-    LoadOwnFile(*packages.front(), source);
+    QzLoadOwnPkgFile(*packages.front(), ExtractFileDir(source));
     const TQzImagesExchangeReport report = QzExportImages(*packages.front(), folder);
     std::fprintf(out, "%d images of %s written to %s\n", int(report.Rows.size()), packages.front()->PkgName().c_str(),
                  folder.c_str());

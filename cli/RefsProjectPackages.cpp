@@ -1,5 +1,6 @@
 #include "cli/RefsProjectPackages.h"
 
+#include "cli/PackageOwnFile.h"
 #include "designide/ProjectServices.h"
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
@@ -92,7 +93,7 @@ void TQzProjectPackages::TakeForm(const AnsiString& fileName, const std::string&
     for (int i = 0; i < root->ComponentCount(); ++i) {
         TComponent* component = root->Components(i);
         if (auto* pkg = dynamic_cast<TQzPkgInfo*>(component)) {
-            LoadOwnFile(*pkg, ExtractFileDir(fileName));
+            QzLoadOwnPkgFile(*pkg, ExtractFileDir(fileName));
             Add(pkg, fileName);
         } else if (auto* app = dynamic_cast<TQzCApplication*>(component)) {
             if (!FDisplay && app->PkgDisplay()) {
@@ -112,22 +113,6 @@ void TQzProjectPackages::TakeForm(const AnsiString& fileName, const std::string&
         }
     }
     FForms.emplace_back(fileName, std::move(form));
-}
-
-void TQzProjectPackages::LoadOwnFile(TQzPkgInfo& pkg, const AnsiString& folder)
-{
-    // The runtime looks for the file from the application's folder, which a
-    // project on disk is not run from: the form's folder stands in for it.
-    if (pkg.InitMode() != imFile || pkg.FileName().empty())
-        return;
-    AnsiString file = pkg.FileName();
-    std::replace(file.begin(), file.end(), '\\', '/');
-    if (ExtractFileExt(file).empty())
-        file += "." + pkg.DefaultExt();
-    if (file[0] != '/')
-        file = IncludeTrailingPathDelimiter(folder) + file;
-    if (FileExists(file))
-        pkg.LoadFromFile(file);
 }
 
 void TQzProjectPackages::TakeFolderFiles(const AnsiString& folder)

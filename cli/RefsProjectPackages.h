@@ -42,7 +42,6 @@ private:
     };
     void TakeForm(const AnsiString& fileName, const std::string& text);
     void TakeFolderFiles(const AnsiString& folder);
-    void LoadOwnFile(TQzPkgInfo& pkg, const AnsiString& folder);
     void Add(TQzPkgInfo* pkg, const AnsiString& source);
     template <class T>
     T* Find(const AnsiString& pkgName) const;
