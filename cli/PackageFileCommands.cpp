@@ -1,5 +1,6 @@
 #include "cli/PackageFileCommands.h"
 
+#include "cli/EscapedField.h"
 #include "cli/PackageConvertCommand.h"
 #include "cli/PackageKinds.h"
 
@@ -82,22 +83,6 @@ TLoaded Load(const AnsiString& fileName)
 
 // ---- text of the fields ------------------------------------------------------
 
-AnsiString Escaped(const AnsiString& text)
-{
-    AnsiString out;
-    out.reserve(text.size());
-    for (char c : text) {
-        switch (c) {
-        case '\\': out += "\\\\"; break;
-        case '\t': out += "\\t"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        default: out += c;
-        }
-    }
-    return out;
-}
-
 class TLines {
 public:
     explicit TLines(std::FILE* out) : FOut(out) {}
@@ -106,7 +91,7 @@ public:
     {
         AnsiString line;
         for (std::size_t i = 0; i < fields.size(); ++i)
-            line += (i ? "\t" : "") + (i ? Escaped(fields[i]) : fields[i]);
+            line += (i ? "\t" : "") + (i ? QzEscapedField(fields[i]) : fields[i]);
         std::fprintf(FOut, "%s\n", line.c_str());
     }
 
@@ -366,7 +351,7 @@ int RunPackageInfo(const std::vector<std::string>& args, std::FILE* out, std::FI
     return RunOnFile("pkg info", InfoUsage, args, out, err, [&](const TLoaded& loaded, std::FILE* to) {
         std::fprintf(to, "File: %s\n", args[0].c_str());
         std::fprintf(to, "Kind: %s\n", loaded.Kind->Name);
-        std::fprintf(to, "Description: %s\n", Escaped(loaded.Package->Description()).c_str());
+        std::fprintf(to, "Description: %s\n", QzEscapedField(loaded.Package->Description()).c_str());
         for (const auto& [name, count] : Counts(*loaded.Package))
             std::fprintf(to, "%s: %d\n", name.c_str(), count);
     });

@@ -1,5 +1,6 @@
 #include "cli/StringsCommand.h"
 
+#include "cli/EscapedField.h"
 #include "cli/RefsFormEdit.h"
 #include "design/strings/QzStringsChecks.h"
 #include "design/strings/QzStringsExchange.h"
@@ -210,21 +211,6 @@ private:
     std::unique_ptr<TQzPkgInfo::TSystemUpdate> FUnlocked;
 };
 
-AnsiString Escaped(const AnsiString& text)
-{
-    AnsiString out;
-    for (char c : text) {
-        switch (c) {
-        case '\\': out += "\\\\"; break;
-        case '\t': out += "\\t"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        default: out += c;
-        }
-    }
-    return out;
-}
-
 int Export(const TArgs& args, std::FILE* out)
 {
     TStringsSource source(args.Package, args.PackageName);
@@ -266,7 +252,7 @@ int Check(const TArgs& args, std::FILE* out)
             return;
         any = true;
         std::fprintf(out, "%s\t%s\t%s\t%s\t%s\n", QzStringsContext(e.Kind, e.Id).c_str(), field,
-                     QzStringProblemsText(problems).c_str(), Escaped(from).c_str(), Escaped(to).c_str());
+                     QzStringProblemsText(problems).c_str(), QzEscapedField(from).c_str(), QzEscapedField(to).c_str());
     };
     for (const TQzStringsEntry& e : entries) {
         const auto ref = std::find_if(referenceEntries.begin(), referenceEntries.end(), [&](const TQzStringsEntry& r) {
