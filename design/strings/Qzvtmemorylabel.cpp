@@ -1,10 +1,8 @@
 #include "design/strings/Qzvtmemorylabel.h"
 
-#include "design/reg/QzEditorDialogs.h"
+#include "design/strings/QzMemoryEditorOpener.h"
 #include "design/strings/Qzvtmemorylabeladd.h"
 #include "vcl/QzWindowBounds.h"
-
-#include <QApplication>
 
 namespace {
 
@@ -27,12 +25,5 @@ std::unique_ptr<TQzMemoryItemAdd> TFrMemoryLabel::CreateAddDialog()
 
 void RegisterQzvtmemorylabel()
 {
-    QzSetEditorDialog(TQzEditorDialog::MemoryLabel, [](TQzEditorDialogRequest& request) {
-        auto* ref = dynamic_cast<TQzMemoryLabel*>(request.Target);
-        if (!ref)
-            return 0;
-        TFrMemoryLabel form(QApplication::activeWindow());
-        form.SetMemory(ref);
-        return form.Execute() == mrOk ? 1 : 0;
-    });
+    QzInstallMemoryEditor<TFrMemoryLabel, TQzMemoryLabel>(TQzEditorDialog::MemoryLabel);
 }

@@ -1,10 +1,8 @@
 #include "design/strings/Qzvtmemorymessage.h"
 
-#include "design/reg/QzEditorDialogs.h"
+#include "design/strings/QzMemoryEditorOpener.h"
 #include "design/strings/Qzvtmemorymessageadd.h"
 #include "vcl/QzWindowBounds.h"
-
-#include <QApplication>
 
 namespace {
 
@@ -27,12 +25,5 @@ std::unique_ptr<TQzMemoryItemAdd> TFrMemoryMessage::CreateAddDialog()
 
 void RegisterQzvtmemorymessage()
 {
-    QzSetEditorDialog(TQzEditorDialog::MemoryMessage, [](TQzEditorDialogRequest& request) {
-        auto* ref = dynamic_cast<TQzMemoryMessage*>(request.Target);
-        if (!ref)
-            return 0;
-        TFrMemoryMessage form(QApplication::activeWindow());
-        form.SetMemory(ref);
-        return form.Execute() == mrOk ? 1 : 0;
-    });
+    QzInstallMemoryEditor<TFrMemoryMessage, TQzMemoryMessage>(TQzEditorDialog::MemoryMessage);
 }

@@ -1,10 +1,8 @@
 #include "design/strings/Qzvtmemorytext.h"
 
-#include "design/reg/QzEditorDialogs.h"
+#include "design/strings/QzMemoryEditorOpener.h"
 #include "design/strings/Qzvtmemorytextadd.h"
 #include "vcl/QzWindowBounds.h"
-
-#include <QApplication>
 
 namespace {
 
@@ -27,12 +25,5 @@ std::unique_ptr<TQzMemoryItemAdd> TFrMemoryText::CreateAddDialog()
 
 void RegisterQzvtmemorytext()
 {
-    QzSetEditorDialog(TQzEditorDialog::MemoryText, [](TQzEditorDialogRequest& request) {
-        auto* ref = dynamic_cast<TQzMemoryText*>(request.Target);
-        if (!ref)
-            return 0;
-        TFrMemoryText form(QApplication::activeWindow());
-        form.SetMemory(ref);
-        return form.Execute() == mrOk ? 1 : 0;
-    });
+    QzInstallMemoryEditor<TFrMemoryText, TQzMemoryText>(TQzEditorDialog::MemoryText);
 }

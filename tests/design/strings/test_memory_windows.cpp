@@ -100,6 +100,35 @@ TEST_F(MemoryWindows, NullAndDefaultStoreTheirIdsWhateverPackageIsChosen)
     }
 }
 
+TEST_F(MemoryWindows, EachPropertyOpensItsOwnEditorOnlyForItsOwnKindOfReference)
+{
+    TQzMemoryLabel label;
+    TQzMemoryMessage message;
+    TQzMemoryText text;
+    const struct {
+        TQzEditorDialog Kind;
+        TQzMemoryRef* Own;
+        TQzMemoryRef* Other;
+        const char* Form;
+    } cases[] = {{TQzEditorDialog::MemoryLabel, &label, &text, "TFrMemoryLabel"},
+                 {TQzEditorDialog::MemoryMessage, &message, &label, "TFrMemoryMessage"},
+                 {TQzEditorDialog::MemoryText, &text, &message, "TFrMemoryText"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Form);
+        TQzEditorDialogRequest request;
+        request.Target = c.Other;
+        EXPECT_EQ(QzRunEditorDialog(c.Kind, request), 0) << "no window for another kind";
+        for (const bool ok : {true, false}) {
+            request.Target = c.Own;
+            TQzModalDriver driver;
+            driver.Then("its window", [&c](QWidget* w) { EXPECT_STREQ(w->metaObject()->className(), c.Form); })
+                .Click(ok ? "BtOk" : "BtCancel");
+            EXPECT_EQ(QzRunEditorDialog(c.Kind, request), ok ? 1 : 0);
+            EXPECT_TRUE(driver.Finished());
+        }
+    }
+}
+
 TEST_F(MemoryWindows, OpensOnTheReferenceAndStoresTheChoiceOnlyOnOk)
 {
     // No package named: "User" is chosen and, being listed, the Id box has the focus.
