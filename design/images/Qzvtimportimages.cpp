@@ -4,7 +4,6 @@
 #include "design/images/QzImportImagesLogic.h"
 #include "design/images/Qzvtimportdlg.h"
 #include "design/manager/Qzvtpkgloadsave.h"
-#include "runtime/util/QzPaths.h"
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 #include "vcl/QzWindowBounds.h"
@@ -101,13 +100,7 @@ void TFrImportImages::BtLoadClick()
 
 void TFrImportImages::BtLoadFromClick()
 {
-    const AnsiString mask = "*" + QzAddPointExt(PkgImages->DefaultExt());
-    TQzFileRequest request;
-    request.Title = "Load From";
-    request.Filter = "Package Images (" + mask + ")|" + mask + "|All files (*.*)|*.*";
-    request.DefaultExt = PkgImages->DefaultExt();
-    request.Parent = this;
-    const AnsiString name = QzOpenFile(request);
+    const AnsiString name = QzOpenFile(QzPkgFileRequest(*PkgImages, "Package Images", "Load From", this));
     if (name.empty())
         return;
     if (!QzRunReportingErrors(this, [&] { PkgImages->LoadFromFile(name); }))

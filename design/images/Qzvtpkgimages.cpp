@@ -11,7 +11,6 @@
 #include "runtime/model/QzApplication.h"
 #include "runtime/util/QzDesigner.h"
 #include "runtime/util/QzMessages.h"
-#include "runtime/util/QzPaths.h"
 #include "vcl/QzIdEdit.h"
 #include "vcl/QzPrinter.h"
 #include "vcl/QzQtString.h"
@@ -349,17 +348,6 @@ void TFrPkgImages::MnProtectAllImagesClick(bool protect)
 
 // ------------------------------------------------------------------ files
 
-TQzFileRequest TFrPkgImages::FileRequest(const AnsiString& title) const
-{
-    const AnsiString mask = "*" + QzAddPointExt(FPackage->DefaultExt());
-    TQzFileRequest request;
-    request.Title = title;
-    request.Filter = "Package Images (" + mask + ")|" + mask + "|All files (*.*)|*.*";
-    request.DefaultExt = FPackage->DefaultExt();
-    request.Parent = const_cast<TFrPkgImages*>(this);
-    return request;
-}
-
 void TFrPkgImages::BtLoadClick()
 {
     if (!FPackage)
@@ -387,7 +375,7 @@ void TFrPkgImages::BtLoadFromClick()
 {
     if (!FPackage)
         return;
-    const AnsiString name = QzOpenFile(FileRequest("Load From"));
+    const AnsiString name = QzOpenFile(QzPkgFileRequest(*FPackage, "Package Images", "Load From", this));
     if (name.empty())
         return;
     // A file that cannot be read is named in the error; the package keeps
@@ -406,7 +394,7 @@ void TFrPkgImages::BtSaveToClick()
 {
     if (!FPackage)
         return;
-    const AnsiString name = QzSaveFile(FileRequest("Save To"));
+    const AnsiString name = QzSaveFile(QzPkgFileRequest(*FPackage, "Package Images", "Save To", this));
     if (!name.empty())
         QzRunReportingErrors(this, [&] { FPackage->SaveToFile(name); });
 }

@@ -103,7 +103,6 @@ private:
     void RemoveRow(int row);
     void AfterChange();  // grid, state and status after the package changed
     bool IsSystemShown() const;
-    TQzFileRequest FileRequest(const AnsiString& title) const;
 
     TQzPkgImages* FPackage = nullptr;
     bool FEmbedded = false;

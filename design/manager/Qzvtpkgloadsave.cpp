@@ -1,5 +1,6 @@
 #include "design/manager/Qzvtpkgloadsave.h"
 
+#include "runtime/util/QzPaths.h"
 #include "vcl/QzDialogs.h"
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
@@ -167,4 +168,16 @@ bool QzExecutePkgLoadSave(TQzPkgInfo* pkg, TQzLoadSave direction, QWidget* paren
     form.SetDirection(direction);
     form.SetShowInitMode(showInitMode);
     return form.Execute() == mrOk;
+}
+
+TQzFileRequest QzPkgFileRequest(const TQzPkgInfo& pkg, const AnsiString& kindCaption, const AnsiString& title,
+                                QWidget* parent)
+{
+    const AnsiString mask = "*" + QzAddPointExt(pkg.DefaultExt());
+    TQzFileRequest request;
+    request.Title = title;
+    request.Filter = kindCaption + " (" + mask + ")|" + mask + "|All files (*.*)|*.*";
+    request.DefaultExt = pkg.DefaultExt();
+    request.Parent = parent;
+    return request;
 }

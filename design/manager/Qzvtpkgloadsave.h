@@ -7,6 +7,7 @@
 
 #include "design/manager/QzPkgLoadSaveRules.h"
 #include "vcl/QzDialog.h"
+#include "vcl/QzDialogs.h"
 
 #include "ui_TFrPkgLoadSave.h"
 
@@ -48,3 +49,9 @@ private:
 // showInitMode=false hides the storage-mode row.
 bool QzExecutePkgLoadSave(TQzPkgInfo* pkg, TQzLoadSave direction, QWidget* parent = nullptr,
                           bool showInitMode = true);
+
+// What the package editors' Load From and Save To ask the file dialog for:
+// the package's own kind of file first (kindCaption "Package Images" gives
+// "Package Images (*.pim)"), then all files.
+TQzFileRequest QzPkgFileRequest(const TQzPkgInfo& pkg, const AnsiString& kindCaption, const AnsiString& title,
+                                QWidget* parent);

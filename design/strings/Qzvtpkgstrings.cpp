@@ -12,7 +12,6 @@
 #include "runtime/model/QzApplication.h"
 #include "runtime/util/QzDesigner.h"
 #include "runtime/util/QzMessages.h"
-#include "runtime/util/QzPaths.h"
 #include "vcl/QzDialogs.h"
 #include "vcl/QzIdEdit.h"
 #include "vcl/QzListModel.h"
@@ -403,13 +402,7 @@ void TFrPkgStrings::BtSaveClick()
 
 void TFrPkgStrings::BtLoadFromClick()
 {
-    const AnsiString mask = "*" + QzAddPointExt(FPackage->DefaultExt());
-    TQzFileRequest request;
-    request.Title = "Load From";
-    request.Filter = "Package Strings (" + mask + ")|" + mask + "|All files (*.*)|*.*";
-    request.DefaultExt = FPackage->DefaultExt();
-    request.Parent = this;
-    const AnsiString name = QzOpenFile(request);
+    const AnsiString name = QzOpenFile(QzPkgFileRequest(*FPackage, "Package Strings", "Load From", this));
     if (name.empty() || !QzRunReportingErrors(this, [&] { FPackage->LoadFromFile(name); }))
         return;
     LoadAll();
@@ -419,13 +412,7 @@ void TFrPkgStrings::BtLoadFromClick()
 
 void TFrPkgStrings::BtSaveToClick()
 {
-    const AnsiString mask = "*" + QzAddPointExt(FPackage->DefaultExt());
-    TQzFileRequest request;
-    request.Title = "Save To";
-    request.Filter = "Package Strings (" + mask + ")|" + mask + "|All files (*.*)|*.*";
-    request.DefaultExt = FPackage->DefaultExt();
-    request.Parent = this;
-    const AnsiString name = QzSaveFile(request);
+    const AnsiString name = QzSaveFile(QzPkgFileRequest(*FPackage, "Package Strings", "Save To", this));
     if (!name.empty())
         QzRunReportingErrors(this, [&] { FPackage->SaveToFile(name); });
 }
