@@ -9,7 +9,9 @@
 #include "design/controls/Qzvtabout.h"
 #include "design/controls/Qzvtcommonwnds.h"
 #include "design/controls/Qzvthints.h"
+#include "design/controls/Qzvtcollection.h"
 #include "design/controls/Qzvtmask.h"
+#include "design/controls/Qzvtmenus.h"
 #include "design/controls/Qzvtrichedit.h"
 #include "design/controls/Qzvtscrollbars.h"
 #include "design/images/QzImagesReg.h"
@@ -274,6 +276,8 @@ void Register()
     // The windows the editors open; installing them registers nothing the
     // designer lists.
     RegisterQzvtmask();
+    RegisterQzvtmenus();
+    RegisterQzvtcollection();
     RegisterQzvtabout();
     RegisterQzvtscrollbars();
     RegisterQzvthints();
