@@ -1,5 +1,6 @@
 #include "cli/ConvertCommand.h"
 
+#include "cli/CommandUsage.h"
 #include "rtl/CodePageGuess.h"
 #include "rtl/FormText.h"
 #include "rtl/Parser.h"
@@ -162,11 +163,8 @@ bool SameFile(const std::string& a, const std::string& b)
 
 int RunConvert(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
 {
-    for (const std::string& a : args)
-        if (a == "--help" || a == "-h") {
-            std::fputs(ConvertUsage, out);
-            return 0;
-        }
+    if (QzWroteUsage(args, ConvertUsage, out))
+        return 0;
     TConvertArgs parsed;
     std::string complaint = ParseArgs(args, parsed);
     if (!complaint.empty()) {

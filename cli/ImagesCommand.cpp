@@ -1,5 +1,6 @@
 #include "cli/ImagesCommand.h"
 
+#include "cli/CommandUsage.h"
 #include "cli/PackageOwnFile.h"
 #include "design/images/QzImagesExchange.h"
 #include "designide/FormDesigner.h"
@@ -37,10 +38,6 @@ const char* const ImagesUsage =
     "\n"
     "Exit code 0 when everything was exported or imported, 2 when some images\n"
     "or files were left out (each named on the error output), 1 on an error.\n";
-
-class EUsage : public std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
 
 bool IsImagesPackageFile(const AnsiString& fileName)
 {
@@ -150,8 +147,7 @@ int RunImages(const std::vector<std::string>& args, std::FILE* out, std::FILE* e
         if (positional[0] == "import" && !pkgName.empty())
             throw EUsage("--package is an option of export");
     } catch (const EUsage& e) {
-        std::fprintf(err, "qzpkg images: %s (qzpkg images --help shows the usage)\n", e.what());
-        return 1;
+        return QzUsageError("qzpkg images", e, err);
     }
     RegisterQzPkgFileFormats();
     try {

@@ -1,5 +1,6 @@
 #include "cli/PackageConvertCommand.h"
 
+#include "cli/CommandUsage.h"
 #include "cli/PackageFormEdit.h"
 #include "cli/PackageKinds.h"
 
@@ -33,10 +34,6 @@ const char* const ConvertUsage =
     "  --component NAME  the package, when the form holds several of the kind\n"
     "                    (a package of the application object is named\n"
     "                    Application.PkgDisplay and so on)\n";
-
-struct EUsage : std::runtime_error {
-    using std::runtime_error::runtime_error;
-};
 
 struct TConvertArgs {
     AnsiString From, To, Component;
@@ -183,17 +180,13 @@ void FileToForm(const TConvertArgs& args, const TQzPkgFileKind& kind, std::FILE*
 
 int RunPackageConvert(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
 {
-    if (std::find(args.begin(), args.end(), "--help") != args.end() ||
-        std::find(args.begin(), args.end(), "-h") != args.end()) {
-        std::fputs(ConvertUsage, out);
+    if (QzWroteUsage(args, ConvertUsage, out))
         return 0;
-    }
     TConvertArgs parsed;
     try {
         parsed = ParseArgs(args);
     } catch (const EUsage& e) {
-        std::fprintf(err, "qzpkg pkg convert: %s (qzpkg pkg convert --help shows the usage)\n", e.what());
-        return 1;
+        return QzUsageError("qzpkg pkg convert", e, err);
     }
     const TQzPkgFileKind* fromKind = QzPkgFileKindOf(parsed.From);
     const TQzPkgFileKind* toKind = QzPkgFileKindOf(parsed.To);

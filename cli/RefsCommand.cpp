@@ -1,5 +1,6 @@
 #include "cli/RefsCommand.h"
 
+#include "cli/CommandUsage.h"
 #include "cli/RefsFormEdit.h"
 #include "cli/RefsProjectPackages.h"
 
@@ -68,10 +69,6 @@ struct TRefsArgs {
     bool HasPackage = false, HasValue = false, HasToPackage = false, HasToValue = false;
     bool Summary = false;
     bool DryRun = false;
-};
-
-class EUsage : public std::runtime_error {
-    using std::runtime_error::runtime_error;
 };
 
 TRefsArgs ParseArgs(const std::vector<std::string>& args)
@@ -544,17 +541,13 @@ int Change(TRun& run, const TRefsArgs& args, const TRows& rows, std::FILE* out)
 
 int RunRefs(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
 {
-    for (const std::string& a : args)
-        if (a == "--help" || a == "-h") {
-            std::fputs(RefsUsage, out);
-            return 0;
-        }
+    if (QzWroteUsage(args, RefsUsage, out))
+        return 0;
     TRefsArgs parsed;
     try {
         parsed = ParseArgs(args);
     } catch (const EUsage& e) {
-        std::fprintf(err, "qzpkg refs: %s (qzpkg refs --help shows the usage)\n", e.what());
-        return 1;
+        return QzUsageError("qzpkg refs", e, err);
     }
     RegisterQzModelClasses();
     RegisterQzComponentClasses();

@@ -1,5 +1,6 @@
 #include "cli/StringsCommand.h"
 
+#include "cli/CommandUsage.h"
 #include "cli/EscapedField.h"
 #include "cli/RefsFormEdit.h"
 #include "design/strings/QzStringsChecks.h"
@@ -46,11 +47,6 @@ const char* const Usage =
     "        from the reference's, or that equal it: \"CONTEXT<TAB>FIELD<TAB>\n"
     "        PROBLEMS<TAB>REFERENCE<TAB>TEXT\", tabs and line breaks written\n"
     "        \\t, \\n, \\r. Exit code 3 when any row is printed.\n";
-
-class EUsage : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 struct TArgs {
     AnsiString Action;
@@ -271,17 +267,13 @@ int Check(const TArgs& args, std::FILE* out)
 
 int RunStrings(const std::vector<std::string>& args, std::FILE* out, std::FILE* err)
 {
-    for (const std::string& a : args)
-        if (a == "--help" || a == "-h") {
-            std::fputs(Usage, out);
-            return 0;
-        }
+    if (QzWroteUsage(args, Usage, out))
+        return 0;
     TArgs parsed;
     try {
         parsed = ParseArgs(args);
     } catch (const EUsage& e) {
-        std::fprintf(err, "qzpkg strings: %s (qzpkg strings --help shows the usage)\n", e.what());
-        return 1;
+        return QzUsageError("qzpkg strings", e, err);
     }
     RegisterQzModelClasses();
     RegisterQzComponentClasses();

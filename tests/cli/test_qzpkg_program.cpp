@@ -42,6 +42,26 @@ TEST(QzpkgProgram, RunsTheDesignCommandsFromTheModuleBesideIt)
     EXPECT_NE(Output("'" QZPKG_PROGRAM "' classes").find("\tTQzLabel\t"), std::string::npos);
 }
 
+TEST(QzpkgProgram, TheCommandsWithOptionsShowTheirUsageOrNameWhatIsWrong)
+{
+    const std::vector<std::vector<std::string>> commands = {{"strings"}, {"refs"}, {"pkg", "convert"}, {"images"}};
+    for (const std::vector<std::string>& command : commands) {
+        std::string name = "qzpkg";
+        for (const std::string& word : command)
+            name += " " + word;
+        SCOPED_TRACE(name);
+        std::vector<std::string> help = command;
+        help.insert(help.end(), {"x", "--help"});
+        const TQzpkgRun shown = Qzpkg(help);
+        EXPECT_EQ(shown.Code, 0);
+        EXPECT_EQ(shown.Out.rfind("Usage: " + name + " ", 0), 0u) << "--help anywhere: " << shown.Out;
+        const TQzpkgRun wrong = Qzpkg(command);
+        EXPECT_EQ(wrong.Code, 1);
+        EXPECT_EQ(wrong.Err.rfind(name + ": ", 0), 0u) << wrong.Err;
+        EXPECT_NE(wrong.Err.find("(" + name + " --help shows the usage)\n"), std::string::npos) << wrong.Err;
+    }
+}
+
 TEST(QzpkgProgram, SaysWhereTheModuleWasLookedForWhenItIsMissing)
 {
     SetDesignCommandsModule("/nonexistent/qzpkg_design.so");
