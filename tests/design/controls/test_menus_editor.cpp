@@ -168,6 +168,15 @@ TEST_F(MenusEditor, TheUserBuildsAMenuFromTheKeyboard)
     EXPECT_EQ(Tree(Root()), "&File[&Save],&Edit,&Help");
     EXPECT_EQ(Form->ModifiedCount(), modified + 1);
     EXPECT_EQ(Form->GetSelections()[0], window.Current()) << "never the deleted item";
+
+    // Help dragged onto File's place on the bar.
+    view->SetCurrent({0});
+    const QPoint from = view->CellOf({2})->Rect.center();
+    const QPoint to = view->CellOf({0})->Rect.center();
+    QTest::mousePress(view, Qt::LeftButton, {}, from);
+    QTest::mouseRelease(view, Qt::LeftButton, {}, to);
+    EXPECT_EQ(Tree(Root()), "&Help,&File[&Save],&Edit");
+    EXPECT_EQ(view->Current(), (TQzMenuPath{0}));
 }
 
 TEST_F(MenusEditor, ALabelGivesTheCaptionAndOnlyAcceptedChoicesCount)
