@@ -556,9 +556,12 @@ AnsiString QzWriteRtf(const TQzRtfDocument& document)
             const AnsiString text = EscapeText(run.Text);
             if (text.empty())
                 continue;
+            // Fonts are told apart by the name the table holds, so two names
+            // that write alike are one font; a name the table cannot hold
+            // is the default font.
             TQzRtfCharFormat format = run.Format;
-            if (Trim(FontEntryName(format.FontName)).empty())
-                format.FontName.clear();  // a name the table cannot hold is the default font
+            const AnsiString entry = FontEntryName(format.FontName);
+            format.FontName = Trim(entry).empty() ? AnsiString() : entry;
             if (!runs.empty() && runs.back().Format == format)
                 runs.back().Text += text;
             else
@@ -585,7 +588,7 @@ AnsiString QzWriteRtf(const TQzRtfDocument& document)
     }
     AnsiString rtf = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1\n{\\fonttbl{\\f0\\fnil MS Sans Serif;}";
     for (size_t i = 0; i < fonts.size(); ++i)
-        rtf += "{\\f" + IntToStr(int(i) + 1) + "\\fnil " + FontEntryName(fonts[i]) + ";}";
+        rtf += "{\\f" + IntToStr(int(i) + 1) + "\\fnil " + fonts[i] + ";}";
     rtf += "}\n{\\colortbl ;";
     for (std::uint32_t c : colors)
         rtf += "\\red" + IntToStr(int((c >> 16) & 0xFF)) + "\\green" + IntToStr(int((c >> 8) & 0xFF)) + "\\blue" +
