@@ -20,10 +20,12 @@
 #include "design/manager/QzPkgFilesReg.h"
 #include "design/reg/QzCtrlsReg.h"
 #include "design/settings/Qzvtdisplay.h"
+#include "design/settings/Qzvtlanguage.h"
 #include "design/settings/Qzvtpkgvars.h"
 #include "design/settings/Qzvtprivilege.h"
 #include "design/settings/Qzvtprivileges.h"
 #include "design/settings/Qzvtsets.h"
+#include "design/settings/Qzvtsetup.h"
 #include "design/strings/QzStringsReg.h"
 
 #include "designide/DesignIntf.h"
@@ -284,6 +286,8 @@ void Register()
     RegisterQzvtcommonwnds();
     RegisterQzvtruntimewindows();
     RegisterQzvtpkgvars();
+    RegisterQzvtsetup();
+    RegisterQzvtlanguage();
     RegisterQzvtsets();
     RegisterQzvtdisplay();
     RegisterQzvtprivilege();
