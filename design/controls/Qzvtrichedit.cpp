@@ -53,40 +53,13 @@ TFrRichEdit::TFrRichEdit(QWidget* parent) : TQzDialog(parent)
 {
     setupUi(this);
     RememberBounds(&Bounds);
-    BtBold->setShortcut(QKeySequence::Bold);
-    BtItalic->setShortcut(QKeySequence::Italic);
-    BtUnderline->setShortcut(QKeySequence::Underline);
-    for (auto [button, apply] : {std::pair<QToolButton*, void (*)(QFont&)>{BtBold, [](QFont& f) { f.setBold(true); }},
-                                 {BtItalic, [](QFont& f) { f.setItalic(true); }},
-                                 {BtUnderline, [](QFont& f) { f.setUnderline(true); }}}) {
-        QFont font = button->font();
-        apply(font);
-        button->setFont(font);
-    }
+    QzStyleRichTextButtons(Buttons());
 
     connect(BtOpen, &QToolButton::clicked, this, &TFrRichEdit::BtOpenClick);
     connect(BtSave, &QToolButton::clicked, this, &TFrRichEdit::BtSaveClick);
-    connect(BtBold, &QToolButton::clicked, this, [this](bool on) {
-        QTextCharFormat f;
-        f.setFontWeight(on ? QFont::Bold : QFont::Normal);
-        MergeFormat(f);
-    });
-    connect(BtItalic, &QToolButton::clicked, this, [this](bool on) {
-        QTextCharFormat f;
-        f.setFontItalic(on);
-        MergeFormat(f);
-    });
-    connect(BtUnderline, &QToolButton::clicked, this, [this](bool on) {
-        QTextCharFormat f;
-        f.setFontUnderline(on);
-        MergeFormat(f);
-    });
+    QzConnectRichTextButtons(this, RichEdit, Buttons(), [this] { ShowFormat(); });
     connect(BtFont, &QToolButton::clicked, this, &TFrRichEdit::BtFontClick);
     connect(BtColor, &QToolButton::clicked, this, &TFrRichEdit::BtColorClick);
-    connect(BtLeft, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignLeft | Qt::AlignAbsolute); });
-    connect(BtCenter, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignHCenter); });
-    connect(BtRight, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignRight | Qt::AlignAbsolute); });
-    connect(BtBullets, &QToolButton::clicked, this, &TFrRichEdit::SetBullets);
     connect(RichEdit, &QTextEdit::currentCharFormatChanged, this, &TFrRichEdit::ShowFormat);
     connect(RichEdit, &QTextEdit::cursorPositionChanged, this, &TFrRichEdit::ShowFormat);
     connect(BtOk, &QPushButton::clicked, this, &TFrRichEdit::accept);
@@ -200,43 +173,7 @@ void TFrRichEdit::BtColorClick()
 
 void TFrRichEdit::MergeFormat(const QTextCharFormat& format)
 {
-    QTextCursor cursor = RichEdit->textCursor();
-    if (!cursor.hasSelection())
-        cursor.select(QTextCursor::WordUnderCursor);
-    cursor.mergeCharFormat(format);
-    RichEdit->mergeCurrentCharFormat(format);
-    RichEdit->setFocus();
-    ShowFormat();
-}
-
-void TFrRichEdit::SetAlignment(Qt::Alignment alignment)
-{
-    RichEdit->setAlignment(alignment);
-    ShowFormat();
-}
-
-void TFrRichEdit::SetBullets(bool on)
-{
-    QTextCursor cursor = RichEdit->textCursor();
-    cursor.beginEditBlock();
-    if (on && !cursor.currentList()) {
-        cursor.createList(QTextListFormat::ListDisc);
-    } else if (!on) {
-        // Every paragraph of the selection leaves its list.
-        const int end = cursor.selectionEnd();
-        QTextBlock block = RichEdit->document()->findBlock(cursor.selectionStart());
-        while (block.isValid() && block.position() <= end) {
-            if (QTextList* list = block.textList()) {
-                list->remove(block);
-                QTextCursor c(block);
-                QTextBlockFormat format = block.blockFormat();
-                format.setIndent(0);
-                c.setBlockFormat(format);
-            }
-            block = block.next();
-        }
-    }
-    cursor.endEditBlock();
+    QzMergeCharFormat(RichEdit, format);
     ShowFormat();
 }
 
@@ -245,15 +182,7 @@ void TFrRichEdit::ShowFormat()
     if (FShowing)
         return;
     FShowing = true;
-    const QTextCharFormat f = RichEdit->currentCharFormat();
-    BtBold->setChecked(f.fontWeight() >= QFont::Bold);
-    BtItalic->setChecked(f.fontItalic());
-    BtUnderline->setChecked(f.fontUnderline());
-    const Qt::Alignment a = RichEdit->alignment();
-    BtLeft->setChecked(!(a & (Qt::AlignHCenter | Qt::AlignRight | Qt::AlignJustify)));
-    BtCenter->setChecked(a & Qt::AlignHCenter);
-    BtRight->setChecked(a & Qt::AlignRight);
-    BtBullets->setChecked(RichEdit->textCursor().currentList() != nullptr);
+    QzShowRichTextFormat(RichEdit, Buttons());
     FShowing = false;
 }
 
@@ -270,4 +199,9 @@ void RegisterQzvtrichedit()
         TFrRichEdit form(QApplication::activeWindow());
         return form.Execute(lines, plain);
     });
+}
+
+TQzRichTextButtons TFrRichEdit::Buttons() const
+{
+    return {BtBold, BtItalic, BtUnderline, BtLeft, BtCenter, BtRight, BtBullets};
 }

@@ -5,6 +5,7 @@
 // or plain text files. A rich edit kept as plain text is edited without
 // formatting. Nothing reaches the lines before Ok.
 
+#include "runtime/dialogs/QzRichTextTools.h"
 #include "vcl/QzDialog.h"
 
 #include "ui_TFrRichEdit.h"
@@ -36,12 +37,11 @@ public:
     void BtSaveClick();
     void BtFontClick();
     void BtColorClick();
-    void SetAlignment(Qt::Alignment alignment);
-    void SetBullets(bool on);
 
 private:
     void MergeFormat(const QTextCharFormat& format);
     void ShowFormat();
+    TQzRichTextButtons Buttons() const;
 
     bool FPlainText = false;
     bool FShowing = false;

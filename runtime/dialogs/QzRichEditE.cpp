@@ -2,6 +2,7 @@
 
 #include "runtime/components/QzStdCtrls.h"
 #include "runtime/dialogs/QzMemoE.h"
+#include "runtime/dialogs/QzRichTextTools.h"
 
 #include "rtl/StringList.h"
 #include "rtl/TypInfo.h"
@@ -77,37 +78,12 @@ TFrRichEditE::TFrRichEditE(QWidget* parent) : TQzDialog(parent)
     setupUi(this);
     for (int size : {8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36, 48, 72})
         CBSize->addItem(QString::number(size));
-    BtBold->setShortcut(QKeySequence::Bold);
-    BtItalic->setShortcut(QKeySequence::Italic);
-    BtUnderline->setShortcut(QKeySequence::Underline);
-    QFont font = BtBold->font();
-    font.setBold(true);
-    BtBold->setFont(font);
-    font = BtItalic->font();
-    font.setItalic(true);
-    BtItalic->setFont(font);
-    font = BtUnderline->font();
-    font.setUnderline(true);
-    BtUnderline->setFont(font);
+    QzStyleRichTextButtons(Buttons());
     BuildColorMenu();
 
     connect(BtOpen, &QToolButton::clicked, this, &TFrRichEditE::BtOpenClick);
     connect(BtSave, &QToolButton::clicked, this, &TFrRichEditE::BtSaveClick);
-    connect(BtBold, &QToolButton::clicked, this, [this](bool on) {
-        QTextCharFormat f;
-        f.setFontWeight(on ? QFont::Bold : QFont::Normal);
-        MergeFormat(f);
-    });
-    connect(BtItalic, &QToolButton::clicked, this, [this](bool on) {
-        QTextCharFormat f;
-        f.setFontItalic(on);
-        MergeFormat(f);
-    });
-    connect(BtUnderline, &QToolButton::clicked, this, [this](bool on) {
-        QTextCharFormat f;
-        f.setFontUnderline(on);
-        MergeFormat(f);
-    });
+    QzConnectRichTextButtons(this, RichEdit, Buttons(), [this] { ShowFormat(); });
     connect(CBFont, &QFontComboBox::textActivated, this, [this](const QString& family) {
         QTextCharFormat f;
         f.setFontFamilies({family});
@@ -126,10 +102,6 @@ TFrRichEditE::TFrRichEditE(QWidget* parent) : TQzDialog(parent)
         f.setFontPointSize(size);
         MergeFormat(f);
     });
-    connect(BtLeft, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignLeft | Qt::AlignAbsolute); });
-    connect(BtCenter, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignHCenter); });
-    connect(BtRight, &QToolButton::clicked, this, [this] { SetAlignment(Qt::AlignRight | Qt::AlignAbsolute); });
-    connect(BtBullets, &QToolButton::clicked, this, &TFrRichEditE::ToggleBullets);
     connect(RichEdit, &QTextEdit::currentCharFormatChanged, this, &TFrRichEditE::ShowFormat);
     connect(RichEdit, &QTextEdit::cursorPositionChanged, this, &TFrRichEditE::ShowFormat);
     connect(BtOk, &QPushButton::clicked, this, &TFrRichEditE::accept);
@@ -221,34 +193,7 @@ void TFrRichEditE::BtSaveClick()
 
 void TFrRichEditE::MergeFormat(const QTextCharFormat& format)
 {
-    QTextCursor cursor = RichEdit->textCursor();
-    if (!cursor.hasSelection())
-        cursor.select(QTextCursor::WordUnderCursor);
-    cursor.mergeCharFormat(format);
-    RichEdit->mergeCurrentCharFormat(format);
-    RichEdit->setFocus();
-}
-
-void TFrRichEditE::SetAlignment(Qt::Alignment alignment)
-{
-    RichEdit->setAlignment(alignment);
-    ShowFormat();
-}
-
-void TFrRichEditE::ToggleBullets(bool on)
-{
-    QTextCursor cursor = RichEdit->textCursor();
-    cursor.beginEditBlock();
-    if (on) {
-        cursor.createList(QTextListFormat::ListDisc);
-    } else if (QTextList* list = cursor.currentList()) {
-        // Out of the list, back to the paragraph's own indent.
-        list->remove(cursor.block());
-        QTextBlockFormat block = cursor.blockFormat();
-        block.setIndent(0);
-        cursor.setBlockFormat(block);
-    }
-    cursor.endEditBlock();
+    QzMergeCharFormat(RichEdit, format);
     ShowFormat();
 }
 
@@ -257,18 +202,10 @@ void TFrRichEditE::ShowFormat()
     if (FShowing)
         return;
     FShowing = true;
-    const QTextCharFormat f = RichEdit->currentCharFormat();
-    BtBold->setChecked(f.fontWeight() >= QFont::Bold);
-    BtItalic->setChecked(f.fontItalic());
-    BtUnderline->setChecked(f.fontUnderline());
-    const QFont font = f.font();
+    QzShowRichTextFormat(RichEdit, Buttons());
+    const QFont font = RichEdit->currentCharFormat().font();
     CBFont->setCurrentFont(font);
     CBSize->setEditText(QString::number(font.pointSizeF() > 0 ? font.pointSizeF() : RichEdit->font().pointSizeF()));
-    const Qt::Alignment a = RichEdit->alignment();
-    BtLeft->setChecked(!(a & (Qt::AlignHCenter | Qt::AlignRight)));
-    BtCenter->setChecked(a & Qt::AlignHCenter);
-    BtRight->setChecked(a & Qt::AlignRight);
-    BtBullets->setChecked(RichEdit->textCursor().currentList() != nullptr);
     FShowing = false;
 }
 
@@ -286,4 +223,9 @@ void TFrRichEditE::BuildColorMenu()
     }
     BtColor->setMenu(menu);
     BtColor->setPopupMode(QToolButton::InstantPopup);
+}
+
+TQzRichTextButtons TFrRichEditE::Buttons() const
+{
+    return {BtBold, BtItalic, BtUnderline, BtLeft, BtCenter, BtRight, BtBullets};
 }

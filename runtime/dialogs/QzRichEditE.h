@@ -5,6 +5,7 @@
 // A rich edit kept as plain text is edited without formatting. Nothing
 // reaches the lines before OK.
 
+#include "runtime/dialogs/QzRichTextTools.h"
 #include "vcl/QzDialog.h"
 
 #include "ui_TFrRichEditE.h"
@@ -59,9 +60,8 @@ private:
     void BtOpenClick();
     void BtSaveClick();
     void MergeFormat(const QTextCharFormat& format);
-    void SetAlignment(Qt::Alignment alignment);
-    void ToggleBullets(bool on);
     void ShowFormat();
+    TQzRichTextButtons Buttons() const;
     void BuildColorMenu();
 
     bool FPlainText = false;

@@ -1,0 +1,36 @@
+#pragma once
+// What the rich text windows (the runtime's and the designer's) share: the
+// character and paragraph buttons, how a format reaches the text, and how
+// the buttons follow the cursor.
+
+#include <QTextCharFormat>
+
+#include <functional>
+
+class QObject;
+class QTextEdit;
+class QToolButton;
+
+struct TQzRichTextButtons {
+    QToolButton* Bold;
+    QToolButton* Italic;
+    QToolButton* Underline;
+    QToolButton* Left;
+    QToolButton* Center;
+    QToolButton* Right;
+    QToolButton* Bullets;
+};
+
+// The style buttons get their shortcuts and show what they do (B bold...).
+void QzStyleRichTextButtons(const TQzRichTextButtons& buttons);
+// Bold, italic, underline, the alignments and bullets act on edit; changed
+// runs after each (the window shows the format again).
+void QzConnectRichTextButtons(QObject* context, QTextEdit* edit, const TQzRichTextButtons& buttons,
+                              const std::function<void()>& changed);
+// The selection, or the word under the cursor, and what is typed next take
+// format.
+void QzMergeCharFormat(QTextEdit* edit, const QTextCharFormat& format);
+// Every paragraph of the selection joins a bulleted list, or leaves its list.
+void QzSetBullets(QTextEdit* edit, bool on);
+// The buttons show the format at the cursor.
+void QzShowRichTextFormat(const QTextEdit* edit, const TQzRichTextButtons& buttons);
