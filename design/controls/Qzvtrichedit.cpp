@@ -93,17 +93,12 @@ void TFrRichEdit::SetPlainText(bool value)
 
 AnsiString TFrRichEdit::Text() const
 {
-    if (FPlainText)
-        return QzAnsiString(RichEdit->toPlainText());
-    return QzRtfCodec().Write(*RichEdit->document());
+    return QzRichEditText(RichEdit, FPlainText, QzRtfCodec());
 }
 
 void TFrRichEdit::SetText(const AnsiString& text)
 {
-    if (FPlainText || text.empty())
-        RichEdit->setPlainText(QzQString(text));
-    else
-        QzRtfCodec().Read(text, *RichEdit->document());
+    QzSetRichEditText(RichEdit, text, FPlainText, QzRtfCodec());
     RichEdit->document()->setModified(false);
     ShowFormat();
 }

@@ -142,17 +142,12 @@ void TFrRichEditE::SetPlainText(bool value)
 
 AnsiString TFrRichEditE::Text() const
 {
-    if (FPlainText)
-        return QzAnsiString(RichEdit->toPlainText());
-    return Codec().Write(*RichEdit->document());
+    return QzRichEditText(RichEdit, FPlainText, Codec());
 }
 
 void TFrRichEditE::SetText(const AnsiString& text)
 {
-    if (FPlainText || text.empty())
-        RichEdit->setPlainText(QzQString(text));
-    else
-        Codec().Read(text, *RichEdit->document());
+    QzSetRichEditText(RichEdit, text, FPlainText, Codec());
     ShowFormat();
 }
 

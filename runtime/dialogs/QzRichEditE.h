@@ -19,17 +19,6 @@ class QTextDocument;
 class TComponent;
 class TStrings;
 
-// How a rich edit's lines hold formatted text. By default they hold Qt's
-// rich text (HTML); a unit that reads and writes another format installs
-// it here, and the window and its files follow.
-struct TQzRichTextCodec {
-    // Fills document from text.
-    std::function<void(const AnsiString& text, QTextDocument& document)> Read;
-    std::function<AnsiString(const QTextDocument& document)> Write;
-    // The files of the format, in the suite's filter form; the window adds
-    // plain text files after them.
-    AnsiString FileFilter;
-};
 // Installs codec (one with an empty Read or Write: the default again);
 // returns the codec it replaces.
 TQzRichTextCodec SetQzRichTextCodec(TQzRichTextCodec codec);

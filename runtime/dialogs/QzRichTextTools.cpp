@@ -1,5 +1,7 @@
 #include "runtime/dialogs/QzRichTextTools.h"
 
+#include "vcl/QzQtString.h"
+
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -102,4 +104,19 @@ void QzShowRichTextFormat(const QTextEdit* edit, const TQzRichTextButtons& butto
     buttons.Center->setChecked(a & Qt::AlignHCenter);
     buttons.Right->setChecked(a & Qt::AlignRight);
     buttons.Bullets->setChecked(edit->textCursor().currentList() != nullptr);
+}
+
+AnsiString QzRichEditText(const QTextEdit* edit, bool plain, const TQzRichTextCodec& codec)
+{
+    if (plain)
+        return QzAnsiString(edit->toPlainText());
+    return codec.Write(*edit->document());
+}
+
+void QzSetRichEditText(QTextEdit* edit, const AnsiString& text, bool plain, const TQzRichTextCodec& codec)
+{
+    if (plain || text.empty())
+        edit->setPlainText(QzQString(text));
+    else
+        codec.Read(text, *edit->document());
 }
