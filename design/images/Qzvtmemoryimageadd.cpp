@@ -1,6 +1,7 @@
 #include "design/images/Qzvtmemoryimageadd.h"
 
 #include "design/images/Qzvtdesignrgn.h"
+#include "runtime/dialogs/QzImageE.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/model/QzRegistry.h"
 #include "runtime/pictures/QzGraphicFormats.h"
@@ -191,14 +192,10 @@ void TFrMemoryImageAdd::Edit(const std::function<void()>& change)
 
 void TFrMemoryImageAdd::BtLoadClick()
 {
-    TQzFileRequest request;
-    request.Title = "Load Picture";
-    request.Filter = QzGraphicFilter();
-    request.Parent = this;
-    const std::vector<AnsiString> files = QzDialogs().OpenPictures(request);
-    if (files.empty())
+    const AnsiString file = QzAskPictureToLoad(this);
+    if (file.empty())
         return;
-    Edit([&] { TQzPicture(FWork).LoadFromFile(files.front()); });
+    Edit([&] { TQzPicture(FWork).LoadFromFile(file); });
 }
 
 void TFrMemoryImageAdd::BtSaveClick()

@@ -103,14 +103,10 @@ void TFrImageE::resizeEvent(QResizeEvent* event)
 
 void TFrImageE::BtLoadClick()
 {
-    TQzFileRequest request;
-    request.Title = "Load Picture";
-    request.Filter = QzGraphicFilter();
-    request.Parent = this;
-    const std::vector<AnsiString> files = QzDialogs().OpenPictures(request);
-    if (files.empty())
+    const AnsiString file = QzAskPictureToLoad(this);
+    if (file.empty())
         return;
-    QzRunReportingErrors(this, [&] { TQzPicture(FEdited).LoadFromFile(files.front()); });
+    QzRunReportingErrors(this, [&] { TQzPicture(FEdited).LoadFromFile(file); });
     ShowPicture();
 }
 
@@ -180,4 +176,14 @@ void TFrImageE::UpdateButtons()
     BtCopy->setEnabled(has);
     BtClear->setEnabled(has);
     BtPaste->setEnabled(TQzPicture::ClipBoardHasImage());
+}
+
+AnsiString QzAskPictureToLoad(QWidget* parent)
+{
+    TQzFileRequest request;
+    request.Title = "Load Picture";
+    request.Filter = QzGraphicFilter();
+    request.Parent = parent;
+    const std::vector<AnsiString> files = QzDialogs().OpenPictures(request);
+    return files.empty() ? AnsiString() : files.front();
 }

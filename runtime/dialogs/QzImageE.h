@@ -57,3 +57,7 @@ private:
 
 // The package image a control shows, or nullptr.
 TQzPkgImagesImage* QzComponentImage(TComponent* component);
+
+// Asks for a picture file to load, in every format the runtime reads;
+// empty when the user cancels.
+AnsiString QzAskPictureToLoad(QWidget* parent);
