@@ -18,6 +18,26 @@ object MainForm: TQzCForm
   object QzCApplication1: TQzCApplication
     Left = 40
     Top = 318
+    PkgDisplay.Data = {
+      02010104FFFFFF7F02000200020002000001021902080206024B020802080208
+      0208020802140204020402040204080800010014000000001500000000000000
+      000114060000004865616465721400000000140000000002FF020104050000FF
+      040040800004A0D0F00008140000000002FF1405000000506170657214000000
+      00140000000002FF020004FFF8E80004FFFFFF0004C0C0C00008140000000002
+      FF00011405000000456E7472791400000000140000000002FF04FFFFE6001407
+      0000005761726E696E671400000000140000000002FF04FFC0C0001404000000
+      446F6E651400000000140000000002FF04C0FFC000000114050000005469746C
+      651400000000140000000002FF1405000000417269616C020C04000080000908
+      08081405000000536D616C6C1400000000140000000002FF1405000000417269
+      616C02080440404000080808080002010104FFFFFF7F02000200020002000001
+      00010002010104FFFFFF7F02000200020002000001000100}
+    Privileges.Data = {
+      02010104FFFFFF7F020002000200020000140000000008010201140E00000056
+      69657720637573746F6D657273140000000002FF0201090202140E0000005361
+      766520637573746F6D657273140000000002FF0202090203141000000044656C
+      65746520637573746F6D657273140000000002FF02000900}
+    Left = 40
+    Top = 318
   end
   object PkgStrings: TQzPkgStrings
     Left = 140
@@ -201,6 +221,22 @@ object MainForm: TQzCForm
       end
     end
   end
+  object PopupNotes: TQzPopupMenu
+    Left = 476
+    Top = 4
+    object PopupCut: TQzMenuItem
+      Caption = 'Cu&t'
+      ShortCut = 16472
+    end
+    object PopupCopy: TQzMenuItem
+      Caption = '&Copy'
+      ShortCut = 16451
+    end
+    object PopupPaste: TQzMenuItem
+      Caption = '&Paste'
+      ShortCut = 16470
+    end
+  end
   object PanelTop: TQzPanel
     Left = 0
     Top = 0
@@ -208,6 +244,7 @@ object MainForm: TQzCForm
     Height = 41
     Align = alTop
     TabOrder = 0
+    SetBackGround.Name = 'Header'
     object LabelTitle: TQzLabel
       Left = 12
       Top = 12
@@ -215,6 +252,7 @@ object MainForm: TQzCForm
       Height = 16
       Caption.PkgName = 'DEMO'
       Caption.Id = 8
+      SetFont.Name = 'Title'
     end
   end
   object Pages: TQzPageControl
@@ -258,6 +296,7 @@ object MainForm: TQzCForm
         TabOrder = 0
         ErrorMessage.PkgName = 'DEMO'
         ErrorMessage.Id = 1
+        SetColor.Name = 'Entry'
         Value = 'Ada Lovelace'
       end
       object LabelCity: TQzLabel
@@ -276,6 +315,7 @@ object MainForm: TQzCForm
         TabOrder = 1
         ErrorMessage.PkgName = 'DEMO'
         ErrorMessage.Id = 2
+        SetColor.Name = 'Entry'
         Value = 'London'
       end
       object CheckActive: TQzCheckBox
@@ -299,10 +339,25 @@ object MainForm: TQzCForm
         Left = 8
         Top = 8
         Width = 464
-        Height = 210
+        Height = 96
+        PopupMenu = PopupNotes
         TabOrder = 0
         Text.PkgName = 'DEMO'
         Text.Id = 1
+      end
+      object RichLetter: TQzRichEdit
+        Left = 8
+        Top = 112
+        Width = 464
+        Height = 106
+        TabOrder = 1
+        Lines.Strings = (
+          '{\rtf1\ansi\deff0{\fonttbl{\f0\fswiss Arial;}}'
+          '{\colortbl;\red0\green0\blue128;}'
+          '\f0\fs20\b Letter to the customer\b0\par'
+          'Dear \i customer\i0 ,\par'
+          '\cf1 Thank you for your order.\cf0\par'
+          '}')
       end
     end
   end
@@ -314,6 +369,7 @@ object MainForm: TQzCForm
     TabOrder = 2
     Caption.PkgName = 'DEMO'
     Caption.Id = 4
+    Privilege.Id = 2
   end
   object ButtonCancel: TQzBitBtn
     Left = 421
