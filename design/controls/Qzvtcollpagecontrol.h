@@ -12,7 +12,10 @@ class TFrCollPageControl : public TFrCollection {
     Q_OBJECT
 
 public:
-    using TFrCollection::TFrCollection;
+    explicit TFrCollPageControl(QWidget* parent = nullptr) : TFrCollection(parent)
+    {
+        setObjectName(QStringLiteral("TFrCollPageControl"));
+    }
 
 protected:
     void AddItem(TCollection* collection) override;

@@ -48,19 +48,28 @@ private:
 class TFrSetBackGround : public TFrSetPicker {
     Q_OBJECT
 public:
-    explicit TFrSetBackGround(QWidget* parent = nullptr) : TFrSetPicker(TQzDisplaySetKind::BackGround, parent) {}
+    explicit TFrSetBackGround(QWidget* parent = nullptr) : TFrSetPicker(TQzDisplaySetKind::BackGround, parent)
+    {
+        setObjectName(QStringLiteral("TFrSetBackGround"));
+    }
 };
 
 class TFrSetColor : public TFrSetPicker {
     Q_OBJECT
 public:
-    explicit TFrSetColor(QWidget* parent = nullptr) : TFrSetPicker(TQzDisplaySetKind::Color, parent) {}
+    explicit TFrSetColor(QWidget* parent = nullptr) : TFrSetPicker(TQzDisplaySetKind::Color, parent)
+    {
+        setObjectName(QStringLiteral("TFrSetColor"));
+    }
 };
 
 class TFrSetFont : public TFrSetPicker {
     Q_OBJECT
 public:
-    explicit TFrSetFont(QWidget* parent = nullptr) : TFrSetPicker(TQzDisplaySetKind::Font, parent) {}
+    explicit TFrSetFont(QWidget* parent = nullptr) : TFrSetPicker(TQzDisplaySetKind::Font, parent)
+    {
+        setObjectName(QStringLiteral("TFrSetFont"));
+    }
 };
 
 // Installs the three set dialogs as the windows of the set properties.

@@ -79,7 +79,7 @@ TEST_F(IdeDesignWindows, AMenuTypedInTheDesignerIsOneUndoStepAndUndoKeepsTheWind
 TEST_F(IdeDesignWindows, AChosenPageIsWhatThePropertyGridShows)
 {
     ASSERT_TRUE(Surface(Main())->EditComponent(Find("Pages")));
-    QWidget* window = Window("TFrCollection");
+    QWidget* window = Window("TFrCollPageControl");
     ASSERT_TRUE(window);
     auto* pages = dynamic_cast<TQzPageControl*>(Find("Pages"));
     const int before = pages->PageCount();
