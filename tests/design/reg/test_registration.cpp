@@ -6,6 +6,7 @@
 
 #include "RegTestComponents.h"
 
+#include "design/reg/QzEditorDialogs.h"
 #include "designide/DesignIntf.h"
 #include "rtl/ComponentStream.h"
 
@@ -214,6 +215,15 @@ TEST_F(Registration, EveryComponentEditorWorksOnItsRuntimeClass)
         EXPECT_EQ(EditorClassNameOf(typeid(made)), binding.EditorClass.ClassName);
         for (int i = 0; i < editor->GetVerbCount(); ++i)
             EXPECT_FALSE(editor->GetVerb(i).empty()) << "verb " << i;
+    }
+}
+
+TEST_F(Registration, EveryWindowAnEditorOpensIsInstalledByRegister)
+{
+    // The kinds run from the first to CommonWnds, the last.
+    for (int k = 0; k <= static_cast<int>(TQzEditorDialog::CommonWnds); ++k) {
+        const auto kind = static_cast<TQzEditorDialog>(k);
+        EXPECT_TRUE(QzHasEditorDialog(kind)) << QzEditorDialogClass(kind);
     }
 }
 
