@@ -16,11 +16,11 @@
 #include "ide/QzInspector.h"
 #include "ide/QzMainWindow.h"
 
+#include "support/gui/QzModalDriver.h"
 #include "support/gui/QzScreenshot.h"
 #include "vcl/QzQtString.h"
 
 #include <QApplication>
-#include <QDialog>
 #include <QMenu>
 #include <QTimer>
 
@@ -96,12 +96,7 @@ private:
         if (w == nullptr)
             return;
         Seen(w);
-        if (auto* dialog = qobject_cast<QDialog*>(w))
-            dialog->reject();
-        else
-            w->close();
-        if (QApplication::activeModalWidget() == w)
-            w->hide();
+        TQzModalDriver::CloseModalWindows();
     }
 
     QTimer FTimer;
