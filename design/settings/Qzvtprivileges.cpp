@@ -82,11 +82,16 @@ int TFrPrivileges::Execute(TQzPkgPrivileges* package)
         return 0;
     FPackage = package;
     FSnapshot = std::make_unique<TQzPrivilegesSnapshot>(*package);
+    EdKey->setText(QzQString(package->Key()));
     CBReadStateDisableControl->setChecked(package->ReadStateDisableControl());
     FillList();
     Privileges->setCurrentItem(Privileges->topLevelItem(0));
     ShowItem();
     const bool accepted = Execute() == mrOk;
+    // The key is the one field kept in the box until Ok: a half-typed key
+    // must never reach the package, not even for a moment.
+    if (accepted)
+        QzRunReportingErrors(this, [&] { package->SetKey(QzAnsiString(EdKey->text())); });
     const bool changed = FSnapshot->Changed();
     if (!accepted) {
         if (changed)
@@ -246,6 +251,7 @@ void TFrPrivileges::BtLoadClick()
     const Integer id = before ? before->Id() : -1;
     if (!QzExecutePkgLoadSave(FPackage, TQzLoadSave::Load, this))
         return;
+    EdKey->setText(QzQString(FPackage->Key()));
     CBReadStateDisableControl->setChecked(FPackage->ReadStateDisableControl());
     FillList();
     Select(FPackage->FindId(id));
@@ -254,7 +260,12 @@ void TFrPrivileges::BtLoadClick()
 
 void TFrPrivileges::BtSaveClick()
 {
+    // The save dialog offers the package's key and stores the one it saved
+    // with, so it starts from what the box holds and the box shows what was
+    // saved; Cancel still gives the old key back with the rest.
+    QzRunReportingErrors(this, [&] { FPackage->SetKey(QzAnsiString(EdKey->text())); });
     QzExecutePkgLoadSave(FPackage, TQzLoadSave::Save, this);
+    EdKey->setText(QzQString(FPackage->Key()));
     UpdateInfo();
 }
 

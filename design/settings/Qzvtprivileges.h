@@ -2,7 +2,8 @@
 // TFrPrivileges: the privileges package editor. Privileges are added,
 // renumbered, renamed and deleted in place; Ids stay unique, a taken Id is
 // refused with the privilege that holds it. Where Used asks the packages
-// manager which components ask for the selected privilege. Cancel gives
+// manager which components ask for the selected privilege. The package's
+// key is typed in its own box and reaches the package on Ok. Cancel gives
 // the package back as it was when the editor opened.
 
 #include "design/settings/QzPrivilegesLogic.h"

@@ -33,6 +33,7 @@ protected:
             item->SetDescription(text);
             item->SetAccess(access);
         }
+        FPackage->SetKey("old key");
         FPackage->SetModified(false);
         FPrevious = SetQzDesignerModifiedHook([this](TComponent* owner) {
             EXPECT_EQ(owner, FForm.get());
@@ -60,7 +61,7 @@ protected:
 
     AnsiString Contents() const
     {
-        AnsiString text;
+        AnsiString text = FPackage->Key() + ";";
         for (int i = 0; i < FPackage->Count(); ++i) {
             const TQzPkgPrivilegesItem* item = FPackage->GetItems(i);
             text += IntToStr(item->Id()) + ":" + item->Description() + ":" + QzAccessText(item->Access()) + ";";
@@ -125,7 +126,13 @@ TEST_F(PrivilegesWindows, EditsReachThePackageOnOkAndCancelGivesItBack)
         TQzTestDialogs dialogs;
         dialogs->AnswerMessage(mbYes);
         TQzModalDriver driver;
-        driver.Click("BtAdd")
+        driver.Then("key", [this](QWidget* w) {
+                  auto* key = TQzModalDriver::Find<QLineEdit>(w, "EdKey");
+                  EXPECT_EQ(key->text(), "old key");
+                  key->setText("new key");
+                  EXPECT_EQ(FPackage->Key(), "old key") << "the key waits for Ok";
+              })
+            .Click("BtAdd")
             .Then("described", [](QWidget* w) {
                 EXPECT_EQ(Rows(w, 0), QStringList({"0", "1", "2", "7"})) << "the first free Id";
                 auto* edit = TQzModalDriver::Find<QLineEdit>(w, "EdDescription");
@@ -142,7 +149,7 @@ TEST_F(PrivilegesWindows, EditsReachThePackageOnOkAndCancelGivesItBack)
             .Click(accept ? "BtOk" : "BtCancel");
         TFrPrivileges form;
         EXPECT_EQ(form.Execute(FPackage), accept ? 1 : 0);
-        EXPECT_EQ(Contents(), accept ? AnsiString("1:Read orders:R;2:Edit orders:R/W;0:Admin:R;") : before);
+        EXPECT_EQ(Contents(), accept ? AnsiString("new key;1:Read orders:R;2:Edit orders:R/W;0:Admin:R;") : before);
         EXPECT_EQ(FModified, accept ? 1 : 0);
         EXPECT_EQ(FPackage->GetModified(), accept);
     }
