@@ -222,7 +222,7 @@ object MainForm: TQzCForm
     end
   end
   object PopupNotes: TQzPopupMenu
-    Left = 476
+    Left = 370
     Top = 4
     object PopupCut: TQzMenuItem
       Caption = 'Cu&t'
