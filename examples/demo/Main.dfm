@@ -222,7 +222,7 @@ object MainForm: TQzCForm
     end
   end
   object PopupNotes: TQzPopupMenu
-    Left = 370
+    Left = 290
     Top = 4
     object PopupCut: TQzMenuItem
       Caption = 'Cu&t'
