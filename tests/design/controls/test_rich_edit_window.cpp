@@ -11,7 +11,6 @@
 #include "rtl/TypInfo.h"
 
 #include "support/gui/QzModalDriver.h"
-#include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -60,10 +59,6 @@ TEST_F(RichEditWindow, FormatsChosenReachTheLinesAsRtfOnOkOnly)
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtBold")->isChecked());
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtCenter")->isChecked());
                 EXPECT_TRUE(TQzModalDriver::Find<QToolButton>(w, "BtBullets")->isChecked());
-                if (qEnvironmentVariableIsSet("QZ_SCREENSHOT_DIR")) {
-                    Editor(w)->moveCursor(QTextCursor::End);
-                    QzSaveScreenshot(w, qEnvironmentVariable("QZ_SCREENSHOT_DIR") + "/rich-edit.png");
-                }
             })
             .Click(accept ? "BtOk" : "BtCancel");
         TFrRichEdit form;

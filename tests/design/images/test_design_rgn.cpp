@@ -11,7 +11,6 @@
 #include "runtime/pictures/QzPng.h"
 
 #include "support/gui/QzModalDriver.h"
-#include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -210,19 +209,16 @@ TEST_F(DesignRgn, TheImageDialogOpensTheEditorOnItsChosenMask)
     TFrMemoryImageAdd dialog;
     TQzPicture(dialog.WorkingImage()).LoadFromBytes(QzPicturePng(Diagonal(16)).toStdString(), "diagonal.png");
     dialog.SetMaskKind(TQzMaskKind::External);
-    const QString shots = qEnvironmentVariable("QZ_SCREENSHOT_DIR");
     TQzModalDriver driver;
     driver
         .Then("fill",
-              [&](QWidget* w) {
+              [](QWidget* w) {
                   auto* window = static_cast<TFrDesignRgn*>(w);
                   EXPECT_EQ(window->windowTitle(), "Mask Editor");
                   EXPECT_EQ(window->CBMask->currentIndex(), 1);
                   window->BtFill->click();
                   const Integer zoom = window->View()->Zoom();
                   QTest::mouseClick(window->View(), Qt::LeftButton, {}, QPoint(15 * zoom / 100, 2));
-                  if (!shots.isEmpty())
-                      QzSaveScreenshot(w, shots + "/mask-region-editor.png");
               })
         .Click("BtOk");
     dialog.findChild<QAction*>("MnMaskEditor")->trigger();

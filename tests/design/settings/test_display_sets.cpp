@@ -21,7 +21,6 @@
 #include <QFont>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QTemporaryDir>
 
 #include <memory>
 
@@ -93,10 +92,6 @@ protected:
         Display->SetModified(false);
     }
 
-    QString ScreenshotFile(const QString& name) const
-    {
-        return qEnvironmentVariable("QZ_SCREENSHOT_DIR", FTemp.path()) + '/' + name;
-    }
     static TQzDisplaySetsPanel* Panel(QWidget* w, const QString& name = {})
     {
         auto* panel = name.isEmpty() ? w->findChild<TQzDisplaySetsPanel*>() : TDriver::Find<TQzDisplaySetsPanel>(w, name);
@@ -134,7 +129,6 @@ protected:
 
 private:
     TQzDesignerModifiedHook FPrevious;
-    QTemporaryDir FTemp;
 };
 
 TEST_F(DisplaySetWindows, NewSetsAndTheChoiceReachThePackageOnlyOnOk)
@@ -154,8 +148,6 @@ TEST_F(DisplaySetWindows, NewSetsAndTheChoiceReachThePackageOnlyOnOk)
         driver.Click("BtNew");
         TypeName(driver, "Dark");
         driver.Then("the new set chosen", [](QWidget* w) { EXPECT_EQ(Panel(w)->Current()->Name(), "Dark"); });
-        if (ok)
-            driver.Screenshot(ScreenshotFile("set-color.png"));
         driver.Click(ok ? "BtOk" : "BtCancel");
         EXPECT_EQ(RunKind(TQzEditorDialog::SetColor, target), ok ? 1 : 0);
         EXPECT_TRUE(driver.Finished());
@@ -178,7 +170,6 @@ TEST_F(DisplaySetWindows, NamesInUseAreRefusedAndDeletingAsksFirst)
     dialogs->AnswerMessage(mbOK).AnswerMessage(mbNo).AnswerMessage(mbYes);
     TDriver driver;
     driver.Then("an unknown name is kept", [](QWidget* w) { EXPECT_TRUE(Panel(w)->IsDefaultRow()); });
-    driver.Screenshot(ScreenshotFile("set-font.png"));
     driver.Then("rename Body", [](QWidget* w) {
         TQzDisplaySetsPanel* panel = Panel(w);
         panel->SelectName("Body");
@@ -221,10 +212,8 @@ TEST_F(DisplaySetWindows, TheBackgroundDialogChecksTheNameAndWritesItsValues)
         TDriver::Find<QComboBox>(w, "CBStyle")->setCurrentIndex(int(bgGradientHor));
     });
     driver.Click("BtStartGraColor");
-    driver.Screenshot(ScreenshotFile("set-background-add.png"));
     driver.Click("BtOk");
     driver.Then("the new set chosen", [](QWidget* w) { EXPECT_EQ(Panel(w)->Current()->Name(), "Sea"); });
-    driver.Screenshot(ScreenshotFile("set-background.png"));
     driver.Click("BtOk");
     EXPECT_EQ(RunKind(TQzEditorDialog::SetBackGround, target), 1);
     EXPECT_TRUE(driver.Finished());
@@ -255,7 +244,6 @@ TEST_F(DisplaySetWindows, TheDisplayDialogEditsThePackageChangeByChange)
         EXPECT_EQ(Panel(w, "Panel1")->LBSets->count(), 2);
         EXPECT_EQ(Panel(w, "Panel2")->LBSets->count(), 2);
     });
-    driver.Screenshot(ScreenshotFile("display.png"));
     driver.Click("BtSystemImages").Click("BtUserImages").Click("BtHints");
     driver.Then("delete Warning", [](QWidget* w) { Panel(w, "Panel1")->SelectName("Warning"); });
     driver.Then("", [](QWidget* w) { Panel(w, "Panel1")->BtDelete->click(); });

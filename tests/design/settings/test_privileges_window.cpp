@@ -9,7 +9,6 @@
 #include "runtime/util/QzDesigner.h"
 
 #include "support/gui/QzModalDriver.h"
-#include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -101,8 +100,6 @@ TEST_F(PrivilegesWindows, ThePickerGivesTheIdChosenAndCancelKeepsTheOldOne)
         driver.Then("shown", [](QWidget* w) {
             EXPECT_EQ(Rows(w, 2), QStringList({"(None)", "Read orders", "Edit orders", "Reports"}));
             EXPECT_EQ(Rows(w, 1), QStringList({"", "R", "R/W", "N"}));
-            if (qEnvironmentVariableIsSet("QZ_SCREENSHOT_DIR"))
-                QzSaveScreenshot(w, qEnvironmentVariable("QZ_SCREENSHOT_DIR") + "/privilege.png");
         });
         if (!c.Search.isEmpty())
             driver.Type("EdSearch", c.Search);
@@ -140,8 +137,6 @@ TEST_F(PrivilegesWindows, EditsReachThePackageOnOkAndCancelGivesItBack)
                 TQzModalDriver::Find<QComboBox>(w, "CBAccess")->setCurrentIndex(1);
                 emit TQzModalDriver::Find<QComboBox>(w, "CBAccess")->activated(1);
                 EXPECT_EQ(Rows(w, 3).front(), "Admin");
-                if (qEnvironmentVariableIsSet("QZ_SCREENSHOT_DIR"))
-                    QzSaveScreenshot(w, qEnvironmentVariable("QZ_SCREENSHOT_DIR") + "/privileges.png");
             })
             .Then("Reports", SelectRow(3))
             .Click("BtDelete")

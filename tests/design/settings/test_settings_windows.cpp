@@ -12,8 +12,6 @@
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
-#include <QTemporaryDir>
-
 #include <memory>
 
 namespace {
@@ -42,10 +40,6 @@ protected:
         request.Component = App;
         return QzRunEditorDialog(kind, request);
     }
-    QString ScreenshotFile(const QString& name) const
-    {
-        return qEnvironmentVariable("QZ_SCREENSHOT_DIR", FTemp.path()) + '/' + name;
-    }
     template <class TForm>
     static TForm* Form(QWidget* w)
     {
@@ -59,7 +53,6 @@ protected:
     TQzCApplication* App = nullptr;
     std::vector<TComponent*> Marked;
     TQzDesignerModifiedHook FPrevious;
-    QTemporaryDir FTemp;
 };
 
 TEST_F(SettingsWindows, SetupTakesPressedShortCutsRefusesOnesInUseAndKeepsThemOnCancel)
@@ -86,8 +79,6 @@ TEST_F(SettingsWindows, SetupTakesPressedShortCutsRefusesOnesInUseAndKeepsThemOn
             EXPECT_EQ(Form<TFrSetup>(w)->LVKeys->topLevelItem(saFirstRecord)->text(1), "Ctrl+F9");
         });
         driver.SetChecked("CBInsertMode", false);
-        if (ok)
-            driver.Screenshot(ScreenshotFile("setup.png"));
         driver.Click(ok ? "BtOk" : "BtCancel");
         EXPECT_EQ(Run(TQzEditorDialog::Setup), ok ? 1 : 0);
         EXPECT_TRUE(driver.Finished());
@@ -156,8 +147,6 @@ TEST_F(SettingsWindows, LanguageShowsItsLocaleLiveAndKeepsStringsEditsForOk)
             EXPECT_EQ(form->LabCurrency->text(), "1.234.567,89 EUR");
             EXPECT_EQ(form->LabDate->text(), "2026/12/31");
         });
-        if (ok)
-            driver.Screenshot(ScreenshotFile("language.png"));
         driver.Click(ok ? "BtOk" : "BtCancel");
         EXPECT_EQ(Run(TQzEditorDialog::Language), ok ? 1 : 0);
         EXPECT_TRUE(driver.Finished());
