@@ -46,7 +46,19 @@ object OptionsForm: TQzCForm
       Width = 200
       Height = 21
       TabOrder = 2
-      Items = <>
+      Items = <
+        item
+          Value = 'English'
+        end
+        item
+          Value = 'French'
+        end
+        item
+          Value = 'German'
+        end
+        item
+          Value = 'Italian'
+        end>
       Value = 'English'
     end
   end
@@ -65,7 +77,16 @@ object OptionsForm: TQzCForm
     Width = 180
     Height = 60
     TabOrder = 2
-    Items = <>
+    Items = <
+      item
+        Value = 'customers-2025.dat'
+      end
+      item
+        Value = 'customers-2026.dat'
+      end
+      item
+        Value = 'suppliers.dat'
+      end>
   end
   object ButtonOk: TQzBitBtn
     Left = 208

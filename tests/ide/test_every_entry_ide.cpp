@@ -24,23 +24,34 @@
 #include <QMenu>
 #include <QTimer>
 
-#include <map>
 #include <set>
 
 namespace {
 
-// The guide's pictures of windows the walk opens, by window class.
-const std::map<QString, QString>& GuidePictures()
-{
-    static const std::map<QString, QString> pictures{
-        {"TFrAbout", "about.png"},         {"TFrScrollBars", "scrollbars.png"}, {"TFrMemoE", "memo-editor.png"},
-        {"TFrImageE", "image-editor.png"}, {"TFrRichEditE", "rich-editor.png"}, {"TFrMsgHlp", "help-window.png"},
-        {"TFrDisplay", "display.png"},     {"TFrSetColor", "set-color.png"},    {"TFrSetFont", "set-font.png"},
-        {"TFrSetup", "setup.png"},         {"TFrPrivilege", "privilege.png"},   {"TFrPrivileges", "privileges.png"},
-        {"TFrRichEdit", "rich-edit.png"},
-    };
-    return pictures;
-}
+// The guide's pictures of windows the walk opens: the window's class, the
+// entry that shows it best (its first sight when empty) and the file.
+struct TGuidePicture {
+    const char* Window;
+    const char* Entry;
+    const char* File;
+};
+constexpr TGuidePicture GuidePictures[] = {
+    {"TFrAbout", "", "about.png"},
+    {"TFrScrollBars", "", "scrollbars.png"},
+    {"TFrMemoE", "", "memo-editor.png"},
+    {"TFrImageE", "", "image-editor.png"},
+    {"TFrRichEditE", "", "rich-editor.png"},
+    {"TFrMsgHlp", "", "help-window.png"},
+    {"TFrDisplay", "", "display.png"},
+    {"TFrSetBackGround", "PanelTop.SetBackGround ...", "set-background.png"},
+    {"TFrSetColor", "EditName.SetColor ...", "set-color.png"},
+    {"TFrSetFont", "LabelTitle.SetFont ...", "set-font.png"},
+    {"TFrSetup", "", "setup.png"},
+    {"TFrPrivilege", "ButtonSave.Privilege ...", "privilege.png"},
+    {"TFrPrivileges", "", "privileges.png"},
+    {"TFrRichEdit", "", "rich-edit.png"},
+    {"TFrCollection", "ListRecent.Items ...", "collection-items.png"},
+};
 
 QString WindowClass(const QWidget* w)
 {
@@ -61,6 +72,9 @@ public:
     // Pictures are taken on the demo's own components only.
     void TakePictures(bool take) { FTakePictures = take; }
 
+    // The entry about to run, for the pictures.
+    void SetEntry(const QString& entry) { FEntry = entry; }
+
     // The windows seen since the last call.
     QStringList Take() { return std::exchange(FSeen, {}); }
 
@@ -80,9 +94,12 @@ private:
         const QString name = WindowClass(w);
         FSeen << name;
         const QString shots = qEnvironmentVariable("QZ_SCREENSHOT_DIR");
-        const auto picture = GuidePictures().find(name);
-        if (FTakePictures && !shots.isEmpty() && picture != GuidePictures().end() && FPictured.insert(name).second)
-            QzSaveScreenshot(w, shots + "/" + picture->second);
+        if (!FTakePictures || shots.isEmpty())
+            return;
+        for (const TGuidePicture& picture : GuidePictures)
+            if (name == picture.Window && (*picture.Entry == 0 || FEntry == picture.Entry) &&
+                FPictured.insert(name).second)
+                QzSaveScreenshot(w, shots + "/" + picture.File);
     }
 
     void Poll()
@@ -102,6 +119,7 @@ private:
     QTimer FTimer;
     QStringList FSeen;
     bool FTakePictures = false;
+    QString FEntry;
     std::set<QString> FPictured;
 };
 
@@ -129,6 +147,7 @@ protected:
         const std::string before = d->Snapshot();
         const std::size_t asked = FLenient.Calls().size();
         FCloser.Take();
+        FCloser.SetEntry(what);
         entry();
         FCloser.CloseDesignWindows(FWindow.get());
         QApplication::processEvents();
