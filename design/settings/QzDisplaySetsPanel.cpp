@@ -3,6 +3,7 @@
 #include "design/controls/QzDisplayPreview.h"
 #include "design/settings/QzDisplaySetPaint.h"
 #include "design/settings/Qzvtsetsbackgroundadd.h"
+#include "designide/QzPortDsgn.h"
 #include "runtime/pictures/Qzdrawutil.h"
 #include "vcl/QzDialogs.h"
 #include "vcl/QzQtString.h"
@@ -311,9 +312,14 @@ void TQzDisplaySetsPanel::EditSet()
     if (!set)
         return;
     if (auto* back = dynamic_cast<TQzPkgDisplaySetBackGround*>(set)) {
+        // The background window changes the name too.
+        const AnsiString name = back->Name();
         TFrSetsBackGroundAdd form(this);
-        if (form.Execute(static_cast<TQzPkgDisplaySetsBackGround*>(FSets), back) == mrOk)
+        if (form.Execute(static_cast<TQzPkgDisplaySetsBackGround*>(FSets), back) == mrOk) {
+            if (back->Name() != name)
+                FRenames.Renamed(name, back->Name());
             Changed(back);
+        }
     } else if (auto* color = dynamic_cast<TQzPkgDisplaySetColor*>(set)) {
         QColor value = QzColorToQColor(color->Color());
         if (QzChooseColor(value, this) && Change([&] { color->SetColor(QzColorOfQColor(value)); }))
@@ -346,9 +352,12 @@ bool TQzDisplaySetsPanel::Rename(const AnsiString& name)
     TQzPkgDisplaySet* set = Current();
     if (!set)
         return false;
-    if (name == set->Name())
+    const AnsiString old = set->Name();
+    if (name == old)
         return true;
     const bool done = Change([&] { set->SetName(name); });
+    if (done)
+        FRenames.Renamed(old, name);
     // Refused: the row shows the name the set kept.
     Changed(set);
     return done;
@@ -373,7 +382,9 @@ void TQzDisplaySetsPanel::DeleteSet()
         return;
     const int row = LBSets->currentRow();
     const int index = set->Index();
-    Change([&] { FSets->Delete(index); });
+    const AnsiString name = set->Name();
+    if (Change([&] { FSets->Delete(index); }))
+        FRenames.Deleted(name);
     Changed(nullptr);
     LBSets->setCurrentRow(std::min(row, LBSets->count() - 1));
 }
@@ -388,4 +399,21 @@ void TQzDisplaySetsPanel::WriteDescription()
         Changed(set);
     else
         UpdateState();
+}
+
+void TQzDisplaySetsPanel::FollowRenames()
+{
+    const std::vector<TQzSetRename> renames = FRenames.Renames();
+    FRenames.Clear();
+    TProjectServices* project = GetProjectServices();
+    if (renames.empty() || !project)
+        return;
+    TQzSetRenamesFollowed followed;
+    QzRunReportingErrors(this, [&] { followed = QzFollowDisplaySetRenames(*project, FKind, renames); });
+    AnsiString failures;
+    for (const AnsiString& failure : followed.Failures)
+        failures += (failures.empty() ? "" : "\n") + failure;
+    if (!failures.empty())
+        QzMessage("Controls on these forms still name the sets' old names:\n" + failures, mtWarning, {mbOK}, mbOK,
+                  this);
 }

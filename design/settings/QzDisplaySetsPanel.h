@@ -5,7 +5,7 @@
 // given (the package's own, or a working copy) and tells its owner after
 // every change.
 
-#include "design/settings/QzDisplaySets.h"
+#include "design/settings/QzDisplaySetRenames.h"
 
 #include <QWidget>
 
@@ -45,6 +45,15 @@ public:
     bool Rename(const AnsiString& name);
     void DeleteSet();
 
+    // The renames made in the list since ForgetRenames; the owner makes the
+    // project's controls follow them when its window is accepted.
+    const TQzDisplaySetRenames& Renames() const { return FRenames; }
+    void ForgetRenames() { FRenames.Clear(); }
+    // Renames the sets in the controls of the open project's forms, tells
+    // the user about a form that could not be changed, and forgets the
+    // renames. Without a project only the list was renamed.
+    void FollowRenames();
+
     std::function<void()> OnChanged;    // the list or a set changed
     std::function<void()> OnActivated;  // a row double-clicked
 
@@ -68,6 +77,7 @@ private:
 
     TQzPkgDisplaySets* FSets = nullptr;
     TQzDisplaySetKind FKind = TQzDisplaySetKind::BackGround;
+    TQzDisplaySetRenames FRenames;
     bool FWithDefault = false;
     bool FLoading = false;
 };

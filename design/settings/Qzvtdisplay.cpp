@@ -37,6 +37,8 @@ void TFrDisplay::SetApplication(TQzCApplication* app, const TQzEditorDialogReque
     FDisplay = app ? app->PkgDisplay() : nullptr;
     FRequest = request;
     ShowPackage();
+    for (TQzDisplaySetsPanel* panel : FPanels)
+        panel->ForgetRenames();
 }
 
 TModalResult TFrDisplay::Execute()
@@ -100,6 +102,9 @@ void TFrDisplay::LoadClick()
 {
     if (!QzExecutePkgLoadSave(FDisplay, TQzLoadSave::Load, this))
         return;
+    // The loaded sets are not the ones renamed before.
+    for (TQzDisplaySetsPanel* panel : FPanels)
+        panel->ForgetRenames();
     ShowPackage();
     Modified();
 }
@@ -122,6 +127,10 @@ void TFrDisplay::SynchronizeClick()
 void TFrDisplay::done(int result)
 {
     WriteDescription();
+    // The package was renamed as the user went and keeps it however the
+    // window closes, so the controls follow however it closes too.
+    for (TQzDisplaySetsPanel* panel : FPanels)
+        panel->FollowRenames();
     if (FDisplay)
         QzRunReportingErrors(this, [this] { FDisplay->SaveFile(); });
     TQzDialog::done(result);

@@ -5,7 +5,8 @@
 // through the load and save dialog, and the synchronizer. Like the other
 // package editors it works on the package itself: every change is marked
 // at once (one undo step each), and a package kept in its own file is
-// written when the window closes.
+// written when the window closes. The project's controls that named a
+// renamed set are given its new name when the window closes.
 
 #include "design/reg/QzEditorDialogs.h"
 #include "vcl/QzDialog.h"

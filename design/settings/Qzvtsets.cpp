@@ -76,6 +76,7 @@ TModalResult TFrSetPicker::Execute(TQzSetRef* target, TQzPkgDisplay* display)
     FChanged = FWritten = false;
     QzCopyDisplaySets(*QzDisplaySets(*display, FKind), *FWork);
     FPanel->SetSets(FWork.get(), true);
+    FPanel->ForgetRenames();
     FPanel->SelectName(target->Name());
     const bool missing = !target->Name().empty() && !FWork->FindSet(target->Name());
     LabInfo->setText(missing ? "The set \"" + QzQString(target->Name()) +
@@ -107,8 +108,11 @@ void TFrSetPicker::accept()
         }
         FTarget->SetName(Chosen());
     });
-    if (done)
-        TQzDialog::accept();
+    if (!done)
+        return;
+    if (FWritten)
+        FPanel->FollowRenames();
+    TQzDialog::accept();
 }
 
 void RegisterQzvtsets()

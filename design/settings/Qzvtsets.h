@@ -3,7 +3,8 @@
 // control's set property names, and keep the application's sets of that
 // kind on the way (new, edited, renamed, deleted). The sets are changed on
 // a working copy; OK writes them back to the display package and the
-// chosen name to the property, Cancel leaves both as they were.
+// chosen name to the property, and the project's controls that named a
+// renamed set name its new name. Cancel leaves all of them as they were.
 
 #include "design/settings/QzDisplaySets.h"
 #include "vcl/QzDialog.h"

@@ -1,15 +1,19 @@
 // The display sets: names proposed and copies of a list, the set dialogs
 // driven as a user drives them (choosing, adding, renaming, deleting, OK
-// and Cancel), the background set dialog, and the display dialog reaching
-// its package's other windows.
+// and Cancel), the background set dialog, the display dialog reaching its
+// package's other windows, and a rename reaching the project's controls.
 
 #include "design/reg/QzEditorDialogs.h"
 #include "design/settings/QzDisplaySets.h"
 #include "design/settings/QzDisplaySetsPanel.h"
 #include "design/settings/Qzvtdisplay.h"
 #include "design/settings/Qzvtsets.h"
+#include "designide/QzPortDsgn.h"
+#include "runtime/components/QzComponentsReg.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/util/QzDesigner.h"
+
+#include "rtl/TypInfo.h"
 
 #include "support/gui/QzModalDriver.h"
 #include "support/gui/QzTestApp.h"
@@ -18,9 +22,11 @@
 #include <QApplication>
 #include <QColor>
 #include <QComboBox>
+#include <QFile>
 #include <QFont>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -260,6 +266,43 @@ TEST_F(DisplaySetWindows, TheDisplayDialogEditsThePackageChangeByChange)
     EXPECT_EQ(opened, expected);
     EXPECT_EQ(Display->SetsColor()->Find("Warning"), nullptr);
     EXPECT_EQ(Marked.size(), 1u) << "one mark for the one change";
+}
+
+TEST_F(DisplaySetWindows, ARenameReachesTheProjectsControlsWhenTheWindowIsAccepted)
+{
+    RegisterQzComponentClasses();
+    QTemporaryDir dir;
+    const std::string form = dir.filePath("Form1.dfm").toStdString();
+    const std::tuple<TQzEditorDialog, const char*, const char*> cases[] = {
+        {TQzEditorDialog::SetColor, "BtOk", "Alert"},
+        {TQzEditorDialog::SetColor, "BtCancel", "warning"},
+        {TQzEditorDialog::Display, "BtOk", "Alert"},
+    };
+    for (const auto& [window, close, expected] : cases) {
+        SCOPED_TRACE(std::to_string(int(window)) + " " + close);
+        Fill();
+        QFile file(QString::fromStdString(form));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("object F: TQzCForm\n  object L1: TQzLabel\n    SetColor.Name = 'warning'\n  end\nend\n");
+        file.close();
+        TFolderProject project(dir.path().toStdString());
+        TProjectServicesScope scope(&project);
+        TDriver driver;
+        driver.Then("rename Warning", [](QWidget* w) {
+            TQzDisplaySetsPanel* panel = w->findChild<TQzDisplaySetsPanel*>("Panel1");
+            panel = panel ? panel : Panel(w);
+            panel->SelectName("Warning");
+            EXPECT_TRUE(panel->Rename("Alert"));
+        });
+        driver.Click(close);
+        TQzSetColor target;
+        TQzEditorDialogRequest request;
+        request.Target = &target;
+        request.Component = App;
+        QzRunEditorDialog(window, request);
+        TComponent* label = project.DesignForm(form)->FindComponent("L1");
+        EXPECT_EQ(dynamic_cast<TQzSetRef*>(GetObjectProp(label, "SetColor"))->Name(), expected);
+    }
 }
 
 }  // namespace
