@@ -10,6 +10,7 @@
 #include "ide/QzInspector.h"
 #include "ide/QzMainWindow.h"
 #include "ide/QzPackageLoader.h"
+#include "designide/DesignIntf.h"
 
 #include "runtime/components/QzComponentsReg.h"
 #include "vcl/QzScriptedDialogs.h"
@@ -23,6 +24,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
+#include <QUndoStack>
 
 namespace {
 
@@ -172,5 +174,40 @@ void BM_PaintLargeForm(benchmark::State& state)
     state.counters["components"] = designer->GetRoot()->ComponentCount();
 }
 BENCHMARK(BM_PaintLargeForm)->Unit(benchmark::kMillisecond);
+
+// Undo and redo on a form holding one component of every palette class:
+// each reads the form again and rebuilds the surface, the tree and the
+// property grid, every component with its palette picture.
+void BM_UndoRedoEveryPaletteClass(benchmark::State& state)
+{
+    App();
+    QTemporaryDir dir;
+    QFile::copy(DemoForm("Options.dfm"), dir.filePath("Options.dfm"));
+    QFile cpp(dir.filePath("Options.cpp"));
+    cpp.open(QIODevice::WriteOnly);
+    cpp.write("// unit\n");
+    cpp.close();
+    TQzScriptedDialogs dialogs;
+    TQzDialogsScope scope(dialogs);
+    TQzMainWindow window;
+    window.OpenProject(dir.path());
+    TIdeDesigner* designer = window.CurrentDesigner();
+    designer->Change(QStringLiteral("Add one of each"), [designer] {
+        for (const TPalettePage& page : DesignRegistry().Pages())
+            for (TMetaClass* cls : page.Classes) {
+                try {
+                    designer->CreateComponent(cls, designer->GetRoot());
+                } catch (const std::exception&) {
+                    // the one application of a project, forms
+                }
+            }
+    });
+    for (auto _ : state) {
+        designer->UndoStack()->undo();
+        designer->UndoStack()->redo();
+    }
+    state.counters["components"] = designer->GetRoot()->ComponentCount();
+}
+BENCHMARK(BM_UndoRedoEveryPaletteClass)->Unit(benchmark::kMillisecond);
 
 }  // namespace
