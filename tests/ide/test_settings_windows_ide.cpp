@@ -1,7 +1,8 @@
 // The display set and privilege pickers as qzide opens them from the
 // property grid on the demo: every selected control takes what was chosen
-// for the first, as one step undo takes back, and Cancel leaves the form
-// as it was.
+// for the first, as one step undo takes back, Cancel leaves the form as it
+// was, and a set renamed in the picker is renamed in every control of the
+// form that names it, in the same step.
 
 #include "IdeFixture.h"
 
@@ -91,6 +92,32 @@ TEST_F(IdeSettingsPickers, EverySelectedControlTakesTheChoiceAsOneStep)
         Main()->UndoStack()->undo();
         EXPECT_EQ(Main()->Snapshot(), before);
     }
+}
+
+TEST_F(IdeSettingsPickers, ASetRenamedInThePickerIsRenamedInEveryControlAsOneStep)
+{
+    Select({"CheckActive"});
+    const std::string before = Main()->Snapshot();
+    const int steps = Main()->UndoStack()->index();
+    TQzModalDriver driver;
+    driver
+        .Then("rename Entry, which both edits use",
+              [](QWidget* w) {
+                  auto* sets = TQzModalDriver::Find<QListWidget>(w, "LBSets");
+                  const QList<QListWidgetItem*> found = sets->findItems("Entry", Qt::MatchExactly);
+                  ASSERT_EQ(found.size(), 1);
+                  sets->setCurrentItem(found.first());
+                  found.first()->setText("Input");
+              })
+        .Click("BtOk");
+    TQzInspectorModel* model = FWindow->Inspector()->Properties();
+    model->EditRow(model->Find("SetColor"));
+    EXPECT_TRUE(driver.Finished());
+    for (const char* name : {"EditName", "EditCity", "CheckActive"})
+        EXPECT_EQ(Value(name, "SetColor"), "Input") << name;
+    EXPECT_EQ(Main()->UndoStack()->index(), steps + 1);
+    Main()->UndoStack()->undo();
+    EXPECT_EQ(Main()->Snapshot(), before);
 }
 
 }  // namespace
