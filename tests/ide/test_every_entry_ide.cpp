@@ -1,7 +1,8 @@
 // Every way qzide enters the suite's windows, walked on the demo project:
 // each "..." of the property grid, each verb of each component editor and
-// each double-click, on every component of every form, and then on one
-// component of every class the palette offers. Each entry must open its
+// each double-click, on every component of every form, the Tools menu's
+// commands, and then each entry of one component of every class the
+// palette offers. Each entry must open its
 // window (or do its work) without answering that it is not available and
 // without an error; a window closed at once must leave the form as it was.
 // With QZ_SCREENSHOT_DIR set, the first sight of each window is saved for
@@ -11,6 +12,7 @@
 
 #include "designide/DesignEditors.h"
 #include "designide/DesignIntf.h"
+#include "designide/DesignMenuCommands.h"
 #include "designide/forms/QzIdeProject.h"
 #include "ide/QzDesignSurface.h"
 #include "ide/QzInspector.h"
@@ -247,6 +249,9 @@ TEST_F(IdeEveryEntry, EveryEntryOfTheDemoOpensAWorkingWindow)
         ASSERT_TRUE(d);
         WalkForm(d);
     }
+    // The Tools menu's commands of the design package.
+    for (const TDesignMenuCommand& command : DesignMenuCommands())
+        Enter(Main(), QzQString(command.Group + " " + command.Caption), [&] { command.Execute(); });
     // The demo is where the guide's windows are shown: it reaches every
     // window a property or a component opens directly.
     const std::set<QString> opened(FOpened.begin(), FOpened.end());
@@ -255,7 +260,7 @@ TEST_F(IdeEveryEntry, EveryEntryOfTheDemoOpensAWorkingWindow)
           "TFrSetBackGround", "TFrSetColor", "TFrPrivilege", "TFrPrivileges", "TFrSetup", "TFrLanguage",
           "TFrDisplay", "TFrPkgVars", "TFrPkgStrings", "TFrPkgImages", "TFrMultiLine", "TFrMask", "TFrRichEdit",
           "TFrCollection", "TFrCollPageControl", "TFrMenus", "TFrPkgActive", "TFrAbout", "TFrScrollBars",
-          "TFrMemoE", "TFrImageE", "TFrRichEditE", "TFrMsgHlp"})
+          "TFrMemoE", "TFrImageE", "TFrRichEditE", "TFrMsgHlp", "TFrManager"})
         EXPECT_TRUE(opened.count(window)) << "nothing on the demo opens " << window;
 }
 
