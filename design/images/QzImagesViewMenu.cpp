@@ -6,9 +6,10 @@
 #include <QActionGroup>
 #include <QMenu>
 
-QAction* QzImagesMenuAction(QMenu* menu, const char* name, const QString& text, bool checkable)
+QAction* QzImagesMenuAction(QMenu* menu, const char* name, const QString& text, bool checkable, QAction* before)
 {
-    QAction* action = menu->addAction(text);
+    auto* action = new QAction(text, menu);
+    menu->insertAction(before, action);
     action->setObjectName(QString::fromLatin1(name));
     action->setCheckable(checkable);
     return action;

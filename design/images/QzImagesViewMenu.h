@@ -11,8 +11,10 @@ class QMenu;
 class QWidget;
 class TQzImagesGrid;
 
-// A menu command named as the windows' tests and translations find it.
-QAction* QzImagesMenuAction(QMenu* menu, const char* name, const QString& text, bool checkable = false);
+// A menu command named as the windows' tests and translations find it;
+// last in the menu, or in before `before`.
+QAction* QzImagesMenuAction(QMenu* menu, const char* name, const QString& text, bool checkable = false,
+                            QAction* before = nullptr);
 
 struct TQzImagesViewMenu {
     QMenu* Menu = nullptr;

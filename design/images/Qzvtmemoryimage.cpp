@@ -1,8 +1,6 @@
 #include "design/images/Qzvtmemoryimage.h"
 
-#include "design/images/QzImagesViewMenu.h"
 #include "design/images/Qzvtimportimages.h"
-#include "design/images/Qzvtmemoryimageadd.h"
 #include "design/manager/QzManagerKinds.h"
 #include "design/reg/QzEditorDialogs.h"
 #include "runtime/model/QzApplication.h"
@@ -10,16 +8,13 @@
 #include "runtime/model/QzPkgDisplay.h"
 #include "runtime/model/QzRegistry.h"
 #include "runtime/util/QzDesigner.h"
-#include "runtime/util/QzMessages.h"
 #include "vcl/QzIdEdit.h"
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 #include "vcl/QzWindowBounds.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QLineEdit>
-#include <QMenu>
 
 namespace {
 
@@ -39,7 +34,8 @@ TFrMemoryImage::TFrMemoryImage(QWidget* parent) : TQzDialog(parent)
     setupUi(this);
     RememberBounds(&ChooserBounds);
     QzMakeIdEdit(EdId);
-    CreateMenus();
+    CreatePkgMenu(
+        this, Images, [this] { MnImportClick(); }, [this](bool protect) { MnProtectAllImagesClick(protect); });
     connect(EdPkg, &QComboBox::currentTextChanged, this, &TFrMemoryImage::PkgChange);
     connect(EdId, &QLineEdit::textEdited, this, &TFrMemoryImage::IdChange);
     connect(Images->selectionModel(), &QItemSelectionModel::currentChanged, this, &TFrMemoryImage::ImagesClick);
@@ -58,27 +54,6 @@ TFrMemoryImage::TFrMemoryImage(QWidget* parent) : TQzDialog(parent)
 }
 
 TFrMemoryImage::~TFrMemoryImage() = default;
-
-void TFrMemoryImage::CreateMenus()
-{
-    const TQzImagesViewMenu view = QzCreateImagesViewMenu(this, Images, true);
-    PopupMenu1 = view.Menu;
-    MnTransparent = view.Transparent;
-    MnStretch = view.Stretch;
-    MnWH = view.WH;
-    MnSize = view.Size;
-    MnProtected = view.Protected;
-    PopupMenu1->addSeparator();
-    MnImport = QzImagesMenuAction(PopupMenu1, "MnImport", "Import Images");
-    N3 = PopupMenu1->addSeparator();
-    N3->setObjectName("N3");
-    MnProtectAllImages = QzImagesMenuAction(PopupMenu1, "MnProtectAllImages", "Protect All Images");
-    MnUnprotectAllImages = QzImagesMenuAction(PopupMenu1, "MnUnprotectAllImages", "Unprotect All Images");
-
-    connect(MnImport, &QAction::triggered, this, &TFrMemoryImage::MnImportClick);
-    connect(MnProtectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(true); });
-    connect(MnUnprotectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(false); });
-}
 
 TModalResult TFrMemoryImage::Execute()
 {
@@ -165,12 +140,7 @@ void TFrMemoryImage::ChangeState()
     BtModify->setEnabled(selected);
     BtDelete->setEnabled(selected);
     Images->setFocusPolicy(valid ? Qt::StrongFocus : Qt::NoFocus);
-    const bool system = FPackage && FPackage->IsSystem();
-    for (QAction* action : {MnProtected, N3, MnProtectAllImages, MnUnprotectAllImages})
-        action->setVisible(system);
-    MnProtectAllImages->setEnabled(SystemEditing());
-    MnUnprotectAllImages->setEnabled(SystemEditing());
-    MnImport->setEnabled(FPackage && (!system || SystemEditing()));
+    ShowPkgCommands(FPackage);
 }
 
 void TFrMemoryImage::UpdateInfo()
@@ -206,12 +176,10 @@ void TFrMemoryImage::BtAddClick()
 {
     if (!BtAdd->isEnabled())
         return;
-    TFrMemoryImageAdd dialog(this);
-    dialog.setWindowTitle("Add Image");
-    if (dialog.Execute(FPackage, false, FPackage->Images()->UniqueId()) != 1)
-        return;
-    AfterChange(dialog.ResultId());
-    Modified();
+    if (const std::optional<Integer> id = QzAddOrModifyImage(this, FPackage, nullptr)) {
+        AfterChange(*id);
+        Modified();
+    }
 }
 
 void TFrMemoryImage::BtModifyClick()
@@ -219,12 +187,10 @@ void TFrMemoryImage::BtModifyClick()
     const TQzPkgImagesImage* image = Images->SelectedImage();
     if (!BtModify->isEnabled() || !image)
         return;
-    TFrMemoryImageAdd dialog(this);
-    dialog.setWindowTitle("Modify Image");
-    if (dialog.Execute(FPackage, true, image->Id()) != 1)
-        return;
-    AfterChange(dialog.ResultId());
-    Modified();
+    if (const std::optional<Integer> id = QzAddOrModifyImage(this, FPackage, image)) {
+        AfterChange(*id);
+        Modified();
+    }
 }
 
 void TFrMemoryImage::BtDeleteClick()
@@ -232,7 +198,7 @@ void TFrMemoryImage::BtDeleteClick()
     const int row = Images->SelectedRow();
     if (!BtDelete->isEnabled() || row < 0)
         return;
-    if (QzMsgPkg(mtConfirmation, "System", 25, {bkOK, bkCancel}, bkOK) != bkOK)
+    if (!QzConfirmImageDelete())
         return;
     const TQzPkgImagesImage* next = Images->DeleteRow(row);
     AfterChange(next ? next->Id() : -1);

@@ -8,16 +8,15 @@
 // "Default", so the reference keeps following its default.
 
 #include "design/images/QzImagesGrid.h"
+#include "design/images/QzImagesPkgCommands.h"
 #include "vcl/QzDialog.h"
 
 #include "ui_TFrMemoryImage.h"
 
-class QAction;
-class QMenu;
 class TQzMemoryImage;
 class TQzPkgImages;
 
-class TFrMemoryImage : public TQzDialog, public Ui::TFrMemoryImage {
+class TFrMemoryImage : public TQzDialog, public Ui::TFrMemoryImage, public TQzImagesPkgMenu {
     Q_OBJECT
 
 public:
@@ -40,21 +39,9 @@ public:
     void MnImportClick();
     void MnProtectAllImagesClick(bool protect);
 
-    QMenu* PopupMenu1;
-    QAction* MnTransparent;
-    QAction* MnStretch;
-    QAction* MnWH;
-    QAction* MnSize;
-    QAction* MnProtected;
-    QAction* MnImport;
-    QAction* N3;
-    QAction* MnProtectAllImages;
-    QAction* MnUnprotectAllImages;
-
     void done(int result) override;
 
 private:
-    void CreateMenus();
     void PkgChange();
     void LoadImages();
     void IdChange();

@@ -2,7 +2,6 @@
 
 #include "design/images/QzImagesViewMenu.h"
 #include "design/images/Qzvtimportimages.h"
-#include "design/images/Qzvtmemoryimageadd.h"
 #include "design/images/Qzvtupdatesystemimages.h"
 #include "design/manager/QzManagerKinds.h"
 #include "design/manager/Qzvtpkgloadsave.h"
@@ -26,13 +25,6 @@
 #include <memory>
 
 namespace {
-
-QAction* MakeSeparator(QMenu* menu, const char* name)
-{
-    QAction* action = menu->addSeparator();
-    action->setObjectName(QString::fromLatin1(name));
-    return action;
-}
 
 // The application a package belongs to: up its owners, else the active one.
 TQzCApplication* ApplicationOf(const TComponent* component)
@@ -81,29 +73,18 @@ TFrPkgImages::~TFrPkgImages() = default;
 
 void TFrPkgImages::CreateMenus()
 {
-    const TQzImagesViewMenu view = QzCreateImagesViewMenu(this, Images, true);
-    PopupMenu1 = view.Menu;
-    MnTransparent = view.Transparent;
-    MnStretch = view.Stretch;
-    MnWH = view.WH;
-    MnSize = view.Size;
-    MnProtected = view.Protected;
-    MakeSeparator(PopupMenu1, "N2");
-    MnImport = QzImagesMenuAction(PopupMenu1, "MnImport", "Import Images");
-    MnWhereUsed = QzImagesMenuAction(PopupMenu1, "MnWhereUsed", "Where Is It Used...");
-    MnReportPdf = QzImagesMenuAction(PopupMenu1, "MnReportPdf", "Save Report As PDF...");
-    N3 = MakeSeparator(PopupMenu1, "N3");
-    MnUpdateSystemImages = QzImagesMenuAction(PopupMenu1, "MnUpdateSystemImages", "Update System Images");
-    N4 = MakeSeparator(PopupMenu1, "N4");
-    MnProtectAllImages = QzImagesMenuAction(PopupMenu1, "MnProtectAllImages", "Protect All Images");
-    MnUnprotectAllImages = QzImagesMenuAction(PopupMenu1, "MnUnprotectAllImages", "Unprotect All Images");
+    CreatePkgMenu(
+        this, Images, [this] { MnImportClick(); }, [this](bool protect) { MnProtectAllImagesClick(protect); });
+    MnWhereUsed = QzImagesMenuAction(PopupMenu1, "MnWhereUsed", "Where Is It Used...", false, N3);
+    MnReportPdf = QzImagesMenuAction(PopupMenu1, "MnReportPdf", "Save Report As PDF...", false, N3);
+    MnUpdateSystemImages =
+        QzImagesMenuAction(PopupMenu1, "MnUpdateSystemImages", "Update System Images", false, MnProtectAllImages);
+    N4 = PopupMenu1->insertSeparator(MnProtectAllImages);
+    N4->setObjectName("N4");
 
-    connect(MnImport, &QAction::triggered, this, &TFrPkgImages::MnImportClick);
     connect(MnWhereUsed, &QAction::triggered, this, &TFrPkgImages::MnWhereUsedClick);
     connect(MnReportPdf, &QAction::triggered, this, &TFrPkgImages::MnReportPdfClick);
     connect(MnUpdateSystemImages, &QAction::triggered, this, &TFrPkgImages::MnUpdateSystemImagesClick);
-    connect(MnProtectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(true); });
-    connect(MnUnprotectAllImages, &QAction::triggered, this, [this] { MnProtectAllImagesClick(false); });
 }
 
 bool TFrPkgImages::IsSystemShown() const
@@ -134,13 +115,7 @@ void TFrPkgImages::Prepare()
     if (FEmbedded)
         for (QWidget* w : std::initializer_list<QWidget*>{Label5, Label7, Label4, LabMode, BtLoad, BtSave, BtSynchronizer})
             w->hide();
-    const bool system = IsSystemShown();
-    for (QAction* action : {MnProtected, N3, MnUpdateSystemImages, N4, MnProtectAllImages, MnUnprotectAllImages})
-        action->setVisible(system);
-    const bool systemEdit = QzCApp() && QzCApp()->SystemEdit();
-    for (QAction* action : {MnUpdateSystemImages, MnProtectAllImages, MnUnprotectAllImages})
-        action->setEnabled(systemEdit);
-    MnImport->setEnabled(FPackage && (!system || systemEdit));
+    ShowPkgCommands(FPackage, {MnUpdateSystemImages, N4});
     if (FPackage && IsFilePkg() && FPackage->FileModified())
         QzRunReportingErrors(this, [&] { FPackage->LoadFile(); });
     PkgChange();
@@ -264,11 +239,10 @@ void TFrPkgImages::BtAddClick()
 {
     if (!FPackage)
         return;
-    TFrMemoryImageAdd dialog(this);
-    dialog.setWindowTitle("Add Image");
-    if (dialog.Execute(FPackage, false, FPackage->Images()->UniqueId()) != 1)
+    const std::optional<Integer> id = QzAddOrModifyImage(this, FPackage, nullptr);
+    if (!id)
         return;
-    QzSetIdEditValue(EdId, dialog.ResultId());
+    QzSetIdEditValue(EdId, *id);
     LoadImages();
     UpdateInfo();
     if (!IsFilePkg())
@@ -280,13 +254,12 @@ void TFrPkgImages::BtModifyClick()
     const TQzPkgImagesImage* image = Images->SelectedImage();
     if (!FPackage || !image)
         return;
-    const Integer id = image->Id();
-    TFrMemoryImageAdd dialog(this);
-    dialog.setWindowTitle("Modify Image");
-    if (dialog.Execute(FPackage, true, id) != 1)
+    const Integer oldId = image->Id();
+    const std::optional<Integer> id = QzAddOrModifyImage(this, FPackage, image);
+    if (!id)
         return;
-    if (dialog.ResultId() != id) {
-        QzSetIdEditValue(EdId, dialog.ResultId());
+    if (*id != oldId) {
+        QzSetIdEditValue(EdId, *id);
         LoadImages();
     }
     Images->viewport()->update();
@@ -300,7 +273,7 @@ void TFrPkgImages::BtDeleteClick()
     const int row = Images->SelectedRow();
     if (!FPackage || row < 0)
         return;
-    if (QzMsgPkg(mtConfirmation, "System", 25, {bkOK, bkCancel}, bkOK) != bkOK)
+    if (!QzConfirmImageDelete())
         return;
     RemoveRow(row);
 }

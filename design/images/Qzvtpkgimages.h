@@ -10,16 +10,15 @@
 // display editor opens it embedded, and decides itself what is modified.
 
 #include "design/images/QzImagesGrid.h"
+#include "design/images/QzImagesPkgCommands.h"
 #include "vcl/QzDialog.h"
 #include "vcl/QzDialogs.h"
 
 #include "ui_TFrPkgImages.h"
 
-class QAction;
-class QMenu;
 class QPrinter;
 
-class TFrPkgImages : public TQzDialog, public Ui::TFrPkgImages {
+class TFrPkgImages : public TQzDialog, public Ui::TFrPkgImages, public TQzImagesPkgMenu {
     Q_OBJECT
 
 public:
@@ -70,18 +69,8 @@ public:
     // Prints the thumbnails on printer (already set up).
     void PrintReport(QPrinter& printer);
 
-    QMenu* PopupMenu1;
-    QAction* MnTransparent;
-    QAction* MnStretch;
-    QAction* MnWH;
-    QAction* MnSize;
-    QAction* MnProtected;
-    QAction* MnImport;
-    QAction* N3;
     QAction* MnUpdateSystemImages;
     QAction* N4;
-    QAction* MnProtectAllImages;
-    QAction* MnUnprotectAllImages;
     QAction* MnWhereUsed;
     QAction* MnReportPdf;
 
