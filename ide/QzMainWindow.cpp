@@ -19,6 +19,7 @@
 #include "rtl/ComponentStream.h"
 #include "rtl/SysUtils.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QListWidget>
@@ -281,6 +282,11 @@ TIdeDesigner* TQzMainWindow::ShowForm(int index)
         scroll->setWidgetResizable(true);
         FSurfaces[designer] = surface;
         FUndo->addStack(designer->UndoStack());
+        designer->SetOutsideStepName([] {
+            const QWidget* window = QApplication::activeWindow();
+            return window && !window->windowTitle().isEmpty() ? tr("Change in %1").arg(window->windowTitle())
+                                                               : tr("Change");
+        });
         connect(designer, &TIdeDesigner::Changed, this, [this, designer] { DesignerChanged(designer); });
         connect(designer, &TIdeDesigner::SelectionChanged, this, [this, designer] { SelectionChanged(designer); });
         connect(designer, &TIdeDesigner::RootReplaced, this, [this, designer] {

@@ -81,9 +81,9 @@ void TIdeDesigner::Modified()
 {
     // A design window beside the designer (the menus or a collection
     // editor) changes the form outside any Change: each of its changes is
-    // a step of its own.
+    // a step of its own, named as the host names it.
     if (FChangeDepth == 0)
-        ChangedOutside(QStringLiteral("Change"));
+        ChangedOutside(FOutsideStepName ? FOutsideStepName() : QStringLiteral("Change"));
     else
         FForm->Modified();
 }

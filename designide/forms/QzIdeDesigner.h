@@ -80,6 +80,11 @@ public:
     // Writes the form in the format it was read in, keeping Name.~dfm.
     void Save();
 
+    // Names the step of a change a window beside the designer makes
+    // (Modified outside any Change); "Change" without one. The host knows
+    // which window the user works in.
+    void SetOutsideStepName(std::function<QString()> name) { FOutsideStepName = std::move(name); }
+
 signals:
     // The form changed (or was saved): titles and the inspector follow.
     void Changed();
@@ -93,4 +98,5 @@ private:
     // The form's stream as the undo history last saw it.
     std::string FRecorded;
     int FChangeDepth = 0;
+    std::function<QString()> FOutsideStepName;
 };

@@ -50,6 +50,9 @@ TEST_F(IdeDesignWindows, AMenuTypedInTheDesignerIsOneUndoStepAndUndoKeepsTheWind
     ASSERT_TRUE(Surface(Main())->EditComponent(Find("MainMenu1")));
     QWidget* window = Window("TFrMenus");
     ASSERT_TRUE(window);
+    // Where the user types, as on a desktop: the step is named after it.
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
     auto* view = window->findChild<QWidget*>("MenuView");
     const auto items = [this] { return dynamic_cast<TQzMainMenu*>(Find("MainMenu1"))->Items()->Count(); };
     const int before = items();
@@ -60,6 +63,7 @@ TEST_F(IdeDesignWindows, AMenuTypedInTheDesignerIsOneUndoStepAndUndoKeepsTheWind
     QTest::keyClick(window->findChild<QLineEdit*>("EdCaption"), Qt::Key_Return);
     EXPECT_EQ(items(), before + 1);
     EXPECT_EQ(Steps(), steps + 1);
+    EXPECT_EQ(Main()->UndoStack()->undoText(), "Change in " + window->windowTitle()) << "named after its window";
 
     Main()->UndoStack()->undo();
     Settle();
