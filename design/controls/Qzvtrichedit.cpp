@@ -49,22 +49,18 @@ TQzFileRequest FileRequest(QWidget* parent, const AnsiString& title, bool plainT
 
 }  // namespace
 
-TFrRichEdit::TFrRichEdit(QWidget* parent) : TQzDialog(parent)
+TFrRichEdit::TFrRichEdit(QWidget* parent) : TQzRichTextDialog(parent)
 {
     setupUi(this);
     RememberBounds(&Bounds);
-    QzStyleRichTextButtons(Buttons());
+    BindRichText(RichEdit, {BtBold, BtItalic, BtUnderline, BtLeft, BtCenter, BtRight, BtBullets}, {BtFont, BtColor});
 
     connect(BtOpen, &QToolButton::clicked, this, &TFrRichEdit::BtOpenClick);
     connect(BtSave, &QToolButton::clicked, this, &TFrRichEdit::BtSaveClick);
-    QzConnectRichTextButtons(this, RichEdit, Buttons(), [this] { ShowFormat(); });
     connect(BtFont, &QToolButton::clicked, this, &TFrRichEdit::BtFontClick);
     connect(BtColor, &QToolButton::clicked, this, &TFrRichEdit::BtColorClick);
-    connect(RichEdit, &QTextEdit::currentCharFormatChanged, this, &TFrRichEdit::ShowFormat);
-    connect(RichEdit, &QTextEdit::cursorPositionChanged, this, &TFrRichEdit::ShowFormat);
     connect(BtOk, &QPushButton::clicked, this, &TFrRichEdit::accept);
     connect(BtCancel, &QPushButton::clicked, this, &TFrRichEdit::reject);
-    ShowFormat();
 }
 
 int TFrRichEdit::Execute(TStrings* lines, bool plainText)
@@ -83,36 +79,32 @@ int TFrRichEdit::Execute(TStrings* lines, bool plainText)
 
 void TFrRichEdit::SetPlainText(bool value)
 {
-    FPlainText = value;
-    RichEdit->setAcceptRichText(!value);
-    for (QWidget* w : std::initializer_list<QWidget*>{BtBold, BtItalic, BtUnderline, BtFont, BtColor, BtLeft, BtCenter,
-                                                      BtRight, BtBullets})
-        w->setEnabled(!value);
+    TQzRichTextDialog::SetPlainText(value);
     LabInfo->setText(value ? QStringLiteral("Plain text: the rich edit keeps no formatting.") : QString());
 }
 
 AnsiString TFrRichEdit::Text() const
 {
-    return QzRichEditText(RichEdit, FPlainText, QzRtfCodec());
+    return QzRichEditText(RichEdit, PlainText(), QzRtfCodec());
 }
 
 void TFrRichEdit::SetText(const AnsiString& text)
 {
-    QzSetRichEditText(RichEdit, text, FPlainText, QzRtfCodec());
+    QzSetRichEditText(RichEdit, text, PlainText(), QzRtfCodec());
     RichEdit->document()->setModified(false);
     ShowFormat();
 }
 
 void TFrRichEdit::BtOpenClick()
 {
-    const AnsiString fileName = QzOpenFile(FileRequest(this, "Open", FPlainText));
+    const AnsiString fileName = QzOpenFile(FileRequest(this, "Open", PlainText()));
     if (fileName.empty())
         return;
     QzRunReportingErrors(this, [&] {
         TStringList lines;
         lines.LoadFromFile(fileName);
         const AnsiString text = LinesText(lines);
-        if (IsPlainFile(fileName) || FPlainText) {
+        if (IsPlainFile(fileName) || PlainText()) {
             RichEdit->setPlainText(QzQString(text));
             return;
         }
@@ -129,7 +121,7 @@ void TFrRichEdit::BtOpenClick()
 
 void TFrRichEdit::BtSaveClick()
 {
-    const AnsiString fileName = QzSaveFile(FileRequest(this, "Save As", FPlainText));
+    const AnsiString fileName = QzSaveFile(FileRequest(this, "Save As", PlainText()));
     if (fileName.empty())
         return;
     QzRunReportingErrors(this, [&] {
@@ -166,21 +158,6 @@ void TFrRichEdit::BtColorClick()
     MergeFormat(f);
 }
 
-void TFrRichEdit::MergeFormat(const QTextCharFormat& format)
-{
-    QzMergeCharFormat(RichEdit, format);
-    ShowFormat();
-}
-
-void TFrRichEdit::ShowFormat()
-{
-    if (FShowing)
-        return;
-    FShowing = true;
-    QzShowRichTextFormat(RichEdit, Buttons());
-    FShowing = false;
-}
-
 void RegisterQzvtrichedit()
 {
     SetQzRichTextCodec(QzRtfCodec());
@@ -194,9 +171,4 @@ void RegisterQzvtrichedit()
         TFrRichEdit form(QApplication::activeWindow());
         return form.Execute(lines, plain);
     });
-}
-
-TQzRichTextButtons TFrRichEdit::Buttons() const
-{
-    return {BtBold, BtItalic, BtUnderline, BtLeft, BtCenter, BtRight, BtBullets};
 }

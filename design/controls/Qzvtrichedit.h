@@ -5,17 +5,15 @@
 // or plain text files. A rich edit kept as plain text is edited without
 // formatting. Nothing reaches the lines before Ok.
 
-#include "runtime/dialogs/QzRichTextTools.h"
-#include "vcl/QzDialog.h"
+#include "runtime/dialogs/QzRichTextDialog.h"
 
 #include "ui_TFrRichEdit.h"
 
 #include "rtl/System.h"
 
-class QTextCharFormat;
 class TStrings;
 
-class TFrRichEdit : public TQzDialog, public Ui::TFrRichEdit {
+class TFrRichEdit : public TQzRichTextDialog, public Ui::TFrRichEdit {
     Q_OBJECT
 
 public:
@@ -26,8 +24,7 @@ public:
     // the edited text replaces them and the result is 1.
     int Execute(TStrings* lines, bool plainText);
 
-    bool PlainText() const { return FPlainText; }
-    void SetPlainText(bool value);
+    void SetPlainText(bool value) override;
     // The text as the lines will keep it, and the text shown from it.
     AnsiString Text() const;
     void SetText(const AnsiString& text);
@@ -37,14 +34,6 @@ public:
     void BtSaveClick();
     void BtFontClick();
     void BtColorClick();
-
-private:
-    void MergeFormat(const QTextCharFormat& format);
-    void ShowFormat();
-    TQzRichTextButtons Buttons() const;
-
-    bool FPlainText = false;
-    bool FShowing = false;
 };
 
 // Installs the editor as the window a rich edit's Lines property opens,

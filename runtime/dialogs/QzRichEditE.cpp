@@ -45,6 +45,13 @@ bool IsPlainFile(const AnsiString& fileName)
     return SameText(ExtractFileExt(fileName), ".txt");
 }
 
+// Plain text is opened and saved as text files only; rich text also in the
+// codec's format, offered first.
+AnsiString FileFilter(bool plainText)
+{
+    return plainText ? AnsiString(QzTextFileFilter) : Codec().FileFilter + "|" + QzTextFileFilter;
+}
+
 // The colours the colour button offers, as in a rich edit's tool bar.
 constexpr QRgb Colors[] = {
     0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0x808080,
@@ -73,17 +80,17 @@ const TQzRichTextCodec& QzRichTextCodec()
     return Codec();
 }
 
-TFrRichEditE::TFrRichEditE(QWidget* parent) : TQzDialog(parent)
+TFrRichEditE::TFrRichEditE(QWidget* parent) : TQzRichTextDialog(parent)
 {
     setupUi(this);
     for (int size : {8, 9, 10, 11, 12, 14, 16, 18, 20, 24, 28, 36, 48, 72})
         CBSize->addItem(QString::number(size));
-    QzStyleRichTextButtons(Buttons());
     BuildColorMenu();
+    BindRichText(RichEdit, {BtBold, BtItalic, BtUnderline, BtLeft, BtCenter, BtRight, BtBullets},
+                 {BtColor, CBFont, CBSize});
 
     connect(BtOpen, &QToolButton::clicked, this, &TFrRichEditE::BtOpenClick);
     connect(BtSave, &QToolButton::clicked, this, &TFrRichEditE::BtSaveClick);
-    QzConnectRichTextButtons(this, RichEdit, Buttons(), [this] { ShowFormat(); });
     connect(CBFont, &QFontComboBox::textActivated, this, [this](const QString& family) {
         QTextCharFormat f;
         f.setFontFamilies({family});
@@ -102,11 +109,8 @@ TFrRichEditE::TFrRichEditE(QWidget* parent) : TQzDialog(parent)
         f.setFontPointSize(size);
         MergeFormat(f);
     });
-    connect(RichEdit, &QTextEdit::currentCharFormatChanged, this, &TFrRichEditE::ShowFormat);
-    connect(RichEdit, &QTextEdit::cursorPositionChanged, this, &TFrRichEditE::ShowFormat);
     connect(BtOk, &QPushButton::clicked, this, &TFrRichEditE::accept);
     connect(BtCancel, &QPushButton::clicked, this, &TFrRichEditE::reject);
-    ShowFormat();
 }
 
 bool TFrRichEditE::Execute(const AnsiString& caption, TStrings* lines, bool plainText)
@@ -131,23 +135,14 @@ bool TFrRichEditE::Execute(const AnsiString& caption, TComponent* control)
     return Execute(caption, rich->Lines(), GetOrdProp(rich, "PlainText") != 0);
 }
 
-void TFrRichEditE::SetPlainText(bool value)
-{
-    FPlainText = value;
-    RichEdit->setAcceptRichText(!value);
-    for (QWidget* w : std::initializer_list<QWidget*>{BtBold, BtItalic, BtUnderline, BtColor, CBFont, CBSize, BtLeft,
-                                                      BtCenter, BtRight, BtBullets})
-        w->setEnabled(!value);
-}
-
 AnsiString TFrRichEditE::Text() const
 {
-    return QzRichEditText(RichEdit, FPlainText, Codec());
+    return QzRichEditText(RichEdit, PlainText(), Codec());
 }
 
 void TFrRichEditE::SetText(const AnsiString& text)
 {
-    QzSetRichEditText(RichEdit, text, FPlainText, Codec());
+    QzSetRichEditText(RichEdit, text, PlainText(), Codec());
     ShowFormat();
 }
 
@@ -155,7 +150,7 @@ void TFrRichEditE::BtOpenClick()
 {
     TQzFileRequest request;
     request.Title = "Open";
-    request.Filter = FPlainText ? AnsiString(QzTextFileFilter) : Codec().FileFilter + "|" + QzTextFileFilter;
+    request.Filter = FileFilter(PlainText());
     request.Parent = this;
     const AnsiString fileName = QzOpenFile(request);
     if (fileName.empty())
@@ -174,7 +169,7 @@ void TFrRichEditE::BtSaveClick()
 {
     TQzFileRequest request;
     request.Title = "Save As";
-    request.Filter = FPlainText ? AnsiString(QzTextFileFilter) : Codec().FileFilter + "|" + QzTextFileFilter;
+    request.Filter = FileFilter(PlainText());
     request.Parent = this;
     const AnsiString fileName = QzSaveFile(request);
     if (fileName.empty())
@@ -186,22 +181,11 @@ void TFrRichEditE::BtSaveClick()
     });
 }
 
-void TFrRichEditE::MergeFormat(const QTextCharFormat& format)
+void TFrRichEditE::ShowMoreFormat()
 {
-    QzMergeCharFormat(RichEdit, format);
-    ShowFormat();
-}
-
-void TFrRichEditE::ShowFormat()
-{
-    if (FShowing)
-        return;
-    FShowing = true;
-    QzShowRichTextFormat(RichEdit, Buttons());
     const QFont font = RichEdit->currentCharFormat().font();
     CBFont->setCurrentFont(font);
     CBSize->setEditText(QString::number(font.pointSizeF() > 0 ? font.pointSizeF() : RichEdit->font().pointSizeF()));
-    FShowing = false;
 }
 
 void TFrRichEditE::BuildColorMenu()
@@ -218,9 +202,4 @@ void TFrRichEditE::BuildColorMenu()
     }
     BtColor->setMenu(menu);
     BtColor->setPopupMode(QToolButton::InstantPopup);
-}
-
-TQzRichTextButtons TFrRichEditE::Buttons() const
-{
-    return {BtBold, BtItalic, BtUnderline, BtLeft, BtCenter, BtRight, BtBullets};
 }

@@ -5,8 +5,7 @@
 // A rich edit kept as plain text is edited without formatting. Nothing
 // reaches the lines before OK.
 
-#include "runtime/dialogs/QzRichTextTools.h"
-#include "vcl/QzDialog.h"
+#include "runtime/dialogs/QzRichTextDialog.h"
 
 #include "ui_TFrRichEditE.h"
 
@@ -14,7 +13,6 @@
 
 #include <functional>
 
-class QTextCharFormat;
 class QTextDocument;
 class TComponent;
 class TStrings;
@@ -24,7 +22,7 @@ class TStrings;
 TQzRichTextCodec SetQzRichTextCodec(TQzRichTextCodec codec);
 const TQzRichTextCodec& QzRichTextCodec();
 
-class TFrRichEditE : public TQzDialog, public Ui::TFrRichEditE {
+class TFrRichEditE : public TQzRichTextDialog, public Ui::TFrRichEditE {
     Q_OBJECT
 
 public:
@@ -39,8 +37,6 @@ public:
     // set; nullptr: the sample.
     bool Execute(const AnsiString& caption, TComponent* control);
 
-    bool PlainText() const { return FPlainText; }
-    void SetPlainText(bool value);
     // The text in the lines' format.
     AnsiString Text() const;
     void SetText(const AnsiString& text);
@@ -48,11 +44,6 @@ public:
 private:
     void BtOpenClick();
     void BtSaveClick();
-    void MergeFormat(const QTextCharFormat& format);
-    void ShowFormat();
-    TQzRichTextButtons Buttons() const;
+    void ShowMoreFormat() override;
     void BuildColorMenu();
-
-    bool FPlainText = false;
-    bool FShowing = false;
 };
