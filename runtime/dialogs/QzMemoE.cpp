@@ -18,6 +18,41 @@ AnsiString QzEditorText(const TStrings& lines)
     return copy.Text();
 }
 
+void QzOpenTextFile(QWidget* parent, const AnsiString& filter,
+                    const std::function<void(const AnsiString& fileName, const TStrings& lines)>& show)
+{
+    TQzFileRequest request;
+    request.Title = "Open";
+    request.Filter = filter;
+    request.Parent = parent;
+    const AnsiString fileName = QzOpenFile(request);
+    if (fileName.empty())
+        return;
+    QzRunReportingErrors(parent, [&] {
+        TStringList lines;
+        lines.LoadFromFile(fileName);
+        show(fileName, lines);
+    });
+}
+
+void QzSaveTextFile(QWidget* parent, const AnsiString& filter, const AnsiString& defaultExt,
+                    const std::function<AnsiString(const AnsiString& fileName)>& text)
+{
+    TQzFileRequest request;
+    request.Title = "Save As";
+    request.Filter = filter;
+    request.DefaultExt = defaultExt;
+    request.Parent = parent;
+    const AnsiString fileName = QzSaveFile(request);
+    if (fileName.empty())
+        return;
+    QzRunReportingErrors(parent, [&] {
+        TStringList lines;
+        lines.SetText(text(fileName));
+        lines.SaveToFile(fileName);
+    });
+}
+
 TFrMemoE::TFrMemoE(QWidget* parent) : TQzDialog(parent)
 {
     setupUi(this);
@@ -33,15 +68,7 @@ TFrMemoE::TFrMemoE(QWidget* parent) : TQzDialog(parent)
 
 bool TFrMemoE::Execute(const AnsiString& caption, TStrings* lines)
 {
-    if (!caption.empty())
-        setWindowTitle(QzQString(caption));
-    SetText(lines ? QzEditorText(*lines) : AnsiString());
-    Memo->setFocus();
-    if (Execute() != mrOk)
-        return false;
-    if (lines)
-        lines->SetText(Text());
-    return true;
+    return QzExecuteOnLines(*this, Memo, caption, lines);
 }
 
 AnsiString TFrMemoE::Text() const
@@ -59,35 +86,12 @@ void TFrMemoE::SetText(const AnsiString& text)
 
 void TFrMemoE::BtOpenClick()
 {
-    TQzFileRequest request;
-    request.Title = "Open";
-    request.Filter = QzTextFileFilter;
-    request.Parent = this;
-    const AnsiString fileName = QzOpenFile(request);
-    if (fileName.empty())
-        return;
-    QzRunReportingErrors(this, [&] {
-        TStringList lines;
-        lines.LoadFromFile(fileName);
-        SetText(lines.Text());
-    });
+    QzOpenTextFile(this, QzTextFileFilter, [this](const AnsiString&, const TStrings& lines) { SetText(lines.Text()); });
 }
 
 void TFrMemoE::BtSaveClick()
 {
-    TQzFileRequest request;
-    request.Title = "Save As";
-    request.Filter = QzTextFileFilter;
-    request.DefaultExt = "txt";
-    request.Parent = this;
-    const AnsiString fileName = QzSaveFile(request);
-    if (fileName.empty())
-        return;
-    QzRunReportingErrors(this, [&] {
-        TStringList lines;
-        lines.SetText(Text());
-        lines.SaveToFile(fileName);
-    });
+    QzSaveTextFile(this, QzTextFileFilter, "txt", [this](const AnsiString&) { return Text(); });
 }
 
 void TFrMemoE::UpdatePosition()

@@ -115,16 +115,8 @@ TFrRichEditE::TFrRichEditE(QWidget* parent) : TQzRichTextDialog(parent)
 
 bool TFrRichEditE::Execute(const AnsiString& caption, TStrings* lines, bool plainText)
 {
-    if (!caption.empty())
-        setWindowTitle(QzQString(caption));
     SetPlainText(plainText);
-    SetText(lines ? QzEditorText(*lines) : AnsiString());
-    RichEdit->setFocus();
-    if (Execute() != mrOk)
-        return false;
-    if (lines)
-        lines->SetText(Text());
-    return true;
+    return QzExecuteOnLines(*this, RichEdit, caption, lines);
 }
 
 bool TFrRichEditE::Execute(const AnsiString& caption, TComponent* control)
@@ -148,16 +140,7 @@ void TFrRichEditE::SetText(const AnsiString& text)
 
 void TFrRichEditE::BtOpenClick()
 {
-    TQzFileRequest request;
-    request.Title = "Open";
-    request.Filter = FileFilter(PlainText());
-    request.Parent = this;
-    const AnsiString fileName = QzOpenFile(request);
-    if (fileName.empty())
-        return;
-    QzRunReportingErrors(this, [&] {
-        TStringList lines;
-        lines.LoadFromFile(fileName);
+    QzOpenTextFile(this, FileFilter(PlainText()), [this](const AnsiString& fileName, const TStrings& lines) {
         if (IsPlainFile(fileName))
             RichEdit->setPlainText(QzQString(QzEditorText(lines)));
         else
@@ -167,17 +150,8 @@ void TFrRichEditE::BtOpenClick()
 
 void TFrRichEditE::BtSaveClick()
 {
-    TQzFileRequest request;
-    request.Title = "Save As";
-    request.Filter = FileFilter(PlainText());
-    request.Parent = this;
-    const AnsiString fileName = QzSaveFile(request);
-    if (fileName.empty())
-        return;
-    QzRunReportingErrors(this, [&] {
-        TStringList lines;
-        lines.SetText(IsPlainFile(fileName) ? QzAnsiString(RichEdit->toPlainText()) : Text());
-        lines.SaveToFile(fileName);
+    QzSaveTextFile(this, FileFilter(PlainText()), "", [this](const AnsiString& fileName) {
+        return IsPlainFile(fileName) ? QzAnsiString(RichEdit->toPlainText()) : Text();
     });
 }
 

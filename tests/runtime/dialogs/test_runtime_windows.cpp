@@ -195,6 +195,32 @@ TEST_F(RuntimeWindows, RichTextKeptPlainIsEditedWithoutFormatting)
     EXPECT_EQ(lines.Text(), "<b>not markup</b>\r\n");
 }
 
+TEST_F(RuntimeWindows, RichTextFilesArePlainOnlyWhenNamedTxt)
+{
+    struct TCase {
+        const char* File;
+        bool KeepsBold;
+    };
+    for (const TCase& c : {TCase{"rich.html", true}, TCase{"plain.txt", false}}) {
+        SCOPED_TRACE(c.File);
+        TQzTestDialogs dialogs;
+        dialogs->AnswerSave(TempFile(c.File)).AnswerOpen({TempFile(c.File)});
+        TStringList lines;
+        lines.Add("<b>Bold</b> text");
+        TFrRichEditE window;
+        TDriver driver;
+        driver.Click("BtSave")
+            .Then("clear", [](QWidget* w) { TDriver::Find<QTextEdit>(w, "RichEdit")->clear(); })
+            .Click("BtOpen")
+            .Click("BtOk");
+        ASSERT_TRUE(window.Execute("Rich", &lines));
+        EXPECT_EQ(window.RichEdit->toPlainText(), "Bold text");
+        QTextCursor cursor(window.RichEdit->document());
+        cursor.movePosition(QTextCursor::NextCharacter);
+        EXPECT_EQ(cursor.charFormat().fontWeight() >= QFont::Bold, c.KeepsBold);
+    }
+}
+
 TEST_F(RuntimeWindows, AHelpPageIsTheTextOfItsPackageSplitIntoTitleAndBody)
 {
     TQzPkgStrings package(nullptr);
