@@ -1,6 +1,5 @@
 #include "design/images/QzImagesPkgCommands.h"
 
-#include "design/images/QzImagesViewMenu.h"
 #include "design/images/Qzvtmemoryimageadd.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzPkgImages.h"
@@ -12,13 +11,7 @@
 void TQzImagesPkgMenu::CreatePkgMenu(QWidget* owner, TQzImagesGrid* grid, const std::function<void()>& import,
                                      const std::function<void(bool)>& protectAll)
 {
-    const TQzImagesViewMenu view = QzCreateImagesViewMenu(owner, grid, true);
-    PopupMenu1 = view.Menu;
-    MnTransparent = view.Transparent;
-    MnStretch = view.Stretch;
-    MnWH = view.WH;
-    MnSize = view.Size;
-    MnProtected = view.Protected;
+    CreateViewMenu(owner, grid, true);
     PopupMenu1->addSeparator()->setObjectName("N2");
     MnImport = QzImagesMenuAction(PopupMenu1, "MnImport", "Import Images");
     N3 = PopupMenu1->addSeparator();

@@ -4,28 +4,18 @@
 // "System" package's protection commands, which only system editing may
 // run, and the dialogs that add, modify and delete an image.
 
+#include "design/images/QzImagesViewMenu.h"
 #include "runtime/model/QzTypes.h"
 
 #include <functional>
 #include <initializer_list>
 #include <optional>
 
-class QAction;
-class QMenu;
-class QWidget;
-class TQzImagesGrid;
 class TQzPkgImages;
 class TQzPkgImagesImage;
 
-// The menu's commands, named as the windows' tests and translations find
-// them; the windows inherit them so each reads as its own.
-struct TQzImagesPkgMenu {
-    QMenu* PopupMenu1 = nullptr;
-    QAction* MnTransparent = nullptr;
-    QAction* MnStretch = nullptr;
-    QAction* MnWH = nullptr;
-    QAction* MnSize = nullptr;
-    QAction* MnProtected = nullptr;
+// The view options with the protection line, then the package's commands.
+struct TQzImagesPkgMenu : TQzImagesViewActions {
     QAction* MnImport = nullptr;
     // Opens the part of the menu only the "System" package shows.
     QAction* N3 = nullptr;

@@ -56,3 +56,14 @@ TQzImagesViewMenu QzCreateImagesViewMenu(QWidget* owner, TQzImagesGrid* grid, bo
                      [menu = view.Menu, grid](const QPoint& at) { menu->popup(grid->viewport()->mapToGlobal(at)); });
     return view;
 }
+
+void TQzImagesViewActions::CreateViewMenu(QWidget* owner, TQzImagesGrid* grid, bool withProtected)
+{
+    const TQzImagesViewMenu view = QzCreateImagesViewMenu(owner, grid, withProtected);
+    PopupMenu1 = view.Menu;
+    MnTransparent = view.Transparent;
+    MnStretch = view.Stretch;
+    MnWH = view.WH;
+    MnSize = view.Size;
+    MnProtected = view.Protected;
+}

@@ -29,3 +29,17 @@ struct TQzImagesViewMenu {
 // Creates the menu ("PopupMenu1", owned by owner) with the view options,
 // keeps the grid's options in step with them and opens it over the grid.
 TQzImagesViewMenu QzCreateImagesViewMenu(QWidget* owner, TQzImagesGrid* grid, bool withProtected);
+
+// The same menu as members of the window that shows it, named as the
+// window's tests and translations find them; windows inherit them so each
+// reads as its own.
+struct TQzImagesViewActions {
+    QMenu* PopupMenu1 = nullptr;
+    QAction* MnTransparent = nullptr;
+    QAction* MnStretch = nullptr;
+    QAction* MnWH = nullptr;
+    QAction* MnSize = nullptr;
+    QAction* MnProtected = nullptr;
+
+    void CreateViewMenu(QWidget* owner, TQzImagesGrid* grid, bool withProtected);
+};

@@ -1,15 +1,11 @@
 #include "design/images/Qzvtimportimages.h"
 
-#include "design/images/QzImagesViewMenu.h"
 #include "design/images/QzImportImagesLogic.h"
 #include "design/images/Qzvtimportdlg.h"
 #include "design/manager/Qzvtpkgloadsave.h"
 #include "vcl/QzQtString.h"
 #include "vcl/QzReportErrors.h"
 #include "vcl/QzWindowBounds.h"
-
-#include <QAction>
-#include <QMenu>
 
 namespace {
 
@@ -38,12 +34,7 @@ TFrImportImages::TFrImportImages(QWidget* parent) : TQzDialog(parent), PkgImages
     RememberBounds(&LastBounds);
 
     // The source's protection is not imported: its menu offers no Protected.
-    const TQzImagesViewMenu view = QzCreateImagesViewMenu(this, Images, false);
-    PopupMenu1 = view.Menu;
-    MnTransparent = view.Transparent;
-    MnStretch = view.Stretch;
-    MnWH = view.WH;
-    MnSize = view.Size;
+    CreateViewMenu(this, Images, false);
 
     connect(BtLoad, &QPushButton::clicked, this, &TFrImportImages::BtLoadClick);
     connect(BtLoadFrom, &QPushButton::clicked, this, &TFrImportImages::BtLoadFromClick);

@@ -9,6 +9,7 @@
 // first left off.
 
 #include "design/images/QzImagesGrid.h"
+#include "design/images/QzImagesViewMenu.h"
 #include "vcl/QzDialog.h"
 #include "vcl/QzDialogs.h"
 
@@ -16,10 +17,7 @@
 
 #include <memory>
 
-class QAction;
-class QMenu;
-
-class TFrImportImages : public TQzDialog, public Ui::TFrImportImages {
+class TFrImportImages : public TQzDialog, public Ui::TFrImportImages, public TQzImagesViewActions {
     Q_OBJECT
 
 public:
@@ -41,12 +39,6 @@ public:
     // afresh by clearing it.
     static AnsiString LastFileName();
     static void SetLastFileName(const AnsiString& name);
-
-    QMenu* PopupMenu1;
-    QAction* MnTransparent;
-    QAction* MnStretch;
-    QAction* MnWH;
-    QAction* MnSize;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
