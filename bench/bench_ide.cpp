@@ -49,6 +49,16 @@ QString DemoForm(const char* name)
     return QFileInfo(QStringLiteral(__FILE__)).absoluteDir().filePath(QStringLiteral("../examples/demo/") + name);
 }
 
+// Makes dir a project of one unit: a copy of the form and its source.
+void UnitFolder(const QTemporaryDir& dir, const QString& form)
+{
+    const QString name = QFileInfo(form).completeBaseName();
+    QFile::copy(form, dir.filePath(name + ".dfm"));
+    QFile cpp(dir.filePath(name + ".cpp"));
+    cpp.open(QIODevice::WriteOnly);
+    cpp.write("// unit\n");
+}
+
 // A folder of 200 units, each with a copy of the demo's options form.
 const QTemporaryDir& Project200()
 {
@@ -151,11 +161,7 @@ void BM_PaintLargeForm(benchmark::State& state)
 {
     App();
     QTemporaryDir dir;
-    QFile::copy(QStringLiteral(QZ_CORPUS_DIR "/dfm/HeidiSQL__HeidiSQL/source/main.dfm"), dir.filePath("main.dfm"));
-    QFile cpp(dir.filePath("main.cpp"));
-    cpp.open(QIODevice::WriteOnly);
-    cpp.write("// unit\n");
-    cpp.close();
+    UnitFolder(dir, QStringLiteral(QZ_CORPUS_DIR "/dfm/HeidiSQL__HeidiSQL/source/main.dfm"));
     TQzScriptedDialogs dialogs;
     TQzDialogsScope scope(dialogs);
     TQzMainWindow window;
@@ -182,11 +188,7 @@ void BM_UndoRedoEveryPaletteClass(benchmark::State& state)
 {
     App();
     QTemporaryDir dir;
-    QFile::copy(DemoForm("Options.dfm"), dir.filePath("Options.dfm"));
-    QFile cpp(dir.filePath("Options.cpp"));
-    cpp.open(QIODevice::WriteOnly);
-    cpp.write("// unit\n");
-    cpp.close();
+    UnitFolder(dir, DemoForm("Options.dfm"));
     TQzScriptedDialogs dialogs;
     TQzDialogsScope scope(dialogs);
     TQzMainWindow window;
