@@ -32,14 +32,6 @@ TQzPkgIdCollection& ItemsOf(const TQzPkgStrings& pkg, TQzMemoryFamily family)
     return *QzMemoryItems(const_cast<TQzPkgStrings&>(pkg), family);
 }
 
-AnsiString OneLine(const AnsiString& text)
-{
-    AnsiString line = StringReplace(text, "\r\n", " ", rfReplaceAll);
-    std::replace(line.begin(), line.end(), '\r', ' ');
-    std::replace(line.begin(), line.end(), '\n', ' ');
-    return line;
-}
-
 void AddItem(TQzPkgStrings& pkg, TQzMemoryFamily family, TStringList& fields)
 {
     const int wanted = family == TQzMemoryFamily::Labels ? 3 : 2;
@@ -77,13 +69,22 @@ AnsiString QzStringsReportTitle(TQzMemoryFamily family)
     return AnsiString("**** ") + ItemWord(family) + "s Report ****";
 }
 
-AnsiString QzStringsReportLine(const TQzPkgIdItem* item)
+std::vector<AnsiString> QzStringsReportLines(const TQzPkgIdItem* item)
 {
-    AnsiString line = IntToStr(item->Id()) + " - " + OneLine(QzMemoryItemText(*item));
+    AnsiString row = IntToStr(item->Id()) + " - " + QzMemoryItemText(*item);
     const AnsiString hint = QzMemoryItemHint(*item);
     if (!Trim(hint).empty())
-        line += " *Hint = " + OneLine(hint);
-    return line;
+        row += " *Hint = " + hint;
+    // The report is printed as a text file: each line break of the row
+    // starts a new printed line.
+    TStringList lines;
+    lines.SetText(row);
+    std::vector<AnsiString> printed;
+    for (int i = 0; i < lines.Count(); ++i)
+        printed.push_back(lines[i]);
+    if (printed.empty())
+        printed.push_back(row);
+    return printed;
 }
 
 // --------------------------------------------------------------- text files

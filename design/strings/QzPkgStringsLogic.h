@@ -8,17 +8,19 @@
 
 #include "rtl/StringList.h"
 
+#include <vector>
+
 // "1 Label", "0 Labels", "2 Messages", ...
 AnsiString QzStringsCountText(int count, TQzMemoryFamily family);
 // The status bar of a page: its count, and for the "System" strings of a
 // language package where and when they were last refreshed.
 AnsiString QzStringsStatusText(const TQzPkgStrings& pkg, TQzMemoryFamily family);
 
-// The report: its heading ("**** Labels Report ****") and one line per row,
+// The report: its heading ("**** Labels Report ****") and the rows, each
 // "Id - text", a label's hint added as " *Hint = hint" when it is not blank.
-// A text of several lines is printed on one.
+// A row whose text has several lines is printed on as many.
 AnsiString QzStringsReportTitle(TQzMemoryFamily family);
-AnsiString QzStringsReportLine(const TQzPkgIdItem* item);
+std::vector<AnsiString> QzStringsReportLines(const TQzPkgIdItem* item);
 
 // The text file of a page: one item per line, fields joined with ','
 // (Id, text and, for labels, hint; empty fields left out), sorted by Id.

@@ -490,9 +490,11 @@ void TFrPkgStrings::BtReportClick()
     TQzReport report;
     report.SetTitle(QzQString(QzStringsReportTitle(page.Family)));
     // A blank line under the heading, then the rows as listed.
-    report.SetRows(page.Rows.Count() + 1, [&page](int row) {
-        return QStringList{row == 0 ? QStringLiteral(" ") : QzQString(QzStringsReportLine(page.Rows.Item(row - 1)))};
-    });
+    QStringList lines{QStringLiteral(" ")};
+    for (int row = 0; row < page.Rows.Count(); ++row)
+        for (const AnsiString& line : QzStringsReportLines(page.Rows.Item(row)))
+            lines << QzQString(line);
+    report.SetRows(static_cast<int>(lines.size()), [&lines](int row) { return QStringList{lines[row]}; });
     QzRunReportingErrors(this, [&] { report.Print(*printer); });
 }
 

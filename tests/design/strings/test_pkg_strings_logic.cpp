@@ -59,9 +59,11 @@ TEST(PkgStringsLogic, ReportLinesCarryTheHintOnlyWhenItIsNotBlank)
 {
     TQzPkgStrings pkg(nullptr);
     EXPECT_EQ(QzStringsReportTitle(F::Messages), "**** Messages Report ****");
-    EXPECT_EQ(QzStringsReportLine(pkg.Labels()->Add(7, "Name", "Your name")), "7 - Name *Hint = Your name");
-    EXPECT_EQ(QzStringsReportLine(pkg.Labels()->Add(8, "City", "   ")), "8 - City");
-    EXPECT_EQ(QzStringsReportLine(pkg.Texts()->Add(9, "two\r\nlines")), "9 - two lines");
+    using L = std::vector<AnsiString>;
+    EXPECT_EQ(QzStringsReportLines(pkg.Labels()->Add(7, "Name", "Your name")), L{"7 - Name *Hint = Your name"});
+    EXPECT_EQ(QzStringsReportLines(pkg.Labels()->Add(8, "City", "   ")), L{"8 - City"});
+    EXPECT_EQ(QzStringsReportLines(pkg.Texts()->Add(9, "two\r\nlines")), (L{"9 - two", "lines"}));
+    EXPECT_EQ(QzStringsReportLines(pkg.Labels()->Add(10, "A", "first\nsecond")), (L{"10 - A *Hint = first", "second"}));
 }
 
 TEST(PkgStringsLogic, ExportSortsByIdLeavesEmptyFieldsOutAndImportReadsItBack)
