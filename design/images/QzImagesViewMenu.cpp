@@ -17,53 +17,40 @@ QAction* QzImagesMenuAction(QMenu* menu, const char* name, const QString& text, 
 
 namespace {
 
-void ApplyViewOptions(const TQzImagesViewMenu& view, TQzImagesGrid* grid)
+void ApplyViewOptions(const TQzImagesViewActions& view, TQzImagesGrid* grid)
 {
     TQzImagesGridOptions& options = grid->GridDelegate()->Options();
-    options.Transparent = view.Transparent->isChecked();
-    options.Stretch = view.Stretch->isChecked();
-    options.Line = view.Size->isChecked()                       ? TQzImagesLine::Size
-                   : view.Protected && view.Protected->isChecked() ? TQzImagesLine::Protected
-                                                                   : TQzImagesLine::WidthHeight;
+    options.Transparent = view.MnTransparent->isChecked();
+    options.Stretch = view.MnStretch->isChecked();
+    options.Line = view.MnSize->isChecked()                         ? TQzImagesLine::Size
+                   : view.MnProtected && view.MnProtected->isChecked() ? TQzImagesLine::Protected
+                                                                     : TQzImagesLine::WidthHeight;
     grid->viewport()->update();
 }
 
 }  // namespace
 
-TQzImagesViewMenu QzCreateImagesViewMenu(QWidget* owner, TQzImagesGrid* grid, bool withProtected)
-{
-    TQzImagesViewMenu view;
-    view.Menu = new QMenu(owner);
-    view.Menu->setObjectName("PopupMenu1");
-    view.Transparent = QzImagesMenuAction(view.Menu, "MnTransparent", "Transparent", true);
-    view.Stretch = QzImagesMenuAction(view.Menu, "MnStretch", "Stretch", true);
-    view.Menu->addSeparator()->setObjectName("N1");
-    view.WH = QzImagesMenuAction(view.Menu, "MnWH", "Show Width/Height", true);
-    view.Size = QzImagesMenuAction(view.Menu, "MnSize", "Show Size (KB)", true);
-    if (withProtected)
-        view.Protected = QzImagesMenuAction(view.Menu, "MnProtected", "Show Protected", true);
-    // The last line shows one thing at a time.
-    auto* lines = new QActionGroup(view.Menu);
-    for (QAction* action : {view.WH, view.Size, view.Protected})
-        if (action)
-            lines->addAction(action);
-    view.WH->setChecked(true);
-
-    for (QAction* action : {view.Transparent, view.Stretch, view.WH, view.Size, view.Protected})
-        if (action)
-            QObject::connect(action, &QAction::toggled, grid, [view, grid] { ApplyViewOptions(view, grid); });
-    QObject::connect(grid, &QWidget::customContextMenuRequested, view.Menu,
-                     [menu = view.Menu, grid](const QPoint& at) { menu->popup(grid->viewport()->mapToGlobal(at)); });
-    return view;
-}
-
 void TQzImagesViewActions::CreateViewMenu(QWidget* owner, TQzImagesGrid* grid, bool withProtected)
 {
-    const TQzImagesViewMenu view = QzCreateImagesViewMenu(owner, grid, withProtected);
-    PopupMenu1 = view.Menu;
-    MnTransparent = view.Transparent;
-    MnStretch = view.Stretch;
-    MnWH = view.WH;
-    MnSize = view.Size;
-    MnProtected = view.Protected;
+    PopupMenu1 = new QMenu(owner);
+    PopupMenu1->setObjectName("PopupMenu1");
+    MnTransparent = QzImagesMenuAction(PopupMenu1, "MnTransparent", "Transparent", true);
+    MnStretch = QzImagesMenuAction(PopupMenu1, "MnStretch", "Stretch", true);
+    PopupMenu1->addSeparator()->setObjectName("N1");
+    MnWH = QzImagesMenuAction(PopupMenu1, "MnWH", "Show Width/Height", true);
+    MnSize = QzImagesMenuAction(PopupMenu1, "MnSize", "Show Size (KB)", true);
+    if (withProtected)
+        MnProtected = QzImagesMenuAction(PopupMenu1, "MnProtected", "Show Protected", true);
+    // The last line shows one thing at a time.
+    auto* lines = new QActionGroup(PopupMenu1);
+    for (QAction* action : {MnWH, MnSize, MnProtected})
+        if (action)
+            lines->addAction(action);
+    MnWH->setChecked(true);
+
+    for (QAction* action : {MnTransparent, MnStretch, MnWH, MnSize, MnProtected})
+        if (action)
+            QObject::connect(action, &QAction::toggled, grid, [this, grid] { ApplyViewOptions(*this, grid); });
+    QObject::connect(grid, &QWidget::customContextMenuRequested, PopupMenu1,
+                     [menu = PopupMenu1, grid](const QPoint& at) { menu->popup(grid->viewport()->mapToGlobal(at)); });
 }

@@ -16,30 +16,19 @@ class TQzImagesGrid;
 QAction* QzImagesMenuAction(QMenu* menu, const char* name, const QString& text, bool checkable = false,
                             QAction* before = nullptr);
 
-struct TQzImagesViewMenu {
-    QMenu* Menu = nullptr;
-    QAction* Transparent = nullptr;
-    QAction* Stretch = nullptr;
-    QAction* WH = nullptr;
-    QAction* Size = nullptr;
-    // Null when the window does not offer it.
-    QAction* Protected = nullptr;
-};
-
-// Creates the menu ("PopupMenu1", owned by owner) with the view options,
-// keeps the grid's options in step with them and opens it over the grid.
-TQzImagesViewMenu QzCreateImagesViewMenu(QWidget* owner, TQzImagesGrid* grid, bool withProtected);
-
-// The same menu as members of the window that shows it, named as the
-// window's tests and translations find them; windows inherit them so each
-// reads as its own.
+// The view options' menu ("PopupMenu1") as members of the window that
+// shows it, named as the window's tests and translations find them;
+// windows inherit them so each reads as its own.
 struct TQzImagesViewActions {
     QMenu* PopupMenu1 = nullptr;
     QAction* MnTransparent = nullptr;
     QAction* MnStretch = nullptr;
     QAction* MnWH = nullptr;
     QAction* MnSize = nullptr;
+    // Null when the window does not offer it.
     QAction* MnProtected = nullptr;
 
+    // Creates the menu (owned by owner), keeps the grid's options in step
+    // with it and opens it over the grid.
     void CreateViewMenu(QWidget* owner, TQzImagesGrid* grid, bool withProtected);
 };

@@ -267,21 +267,22 @@ TEST_F(ImagesWindow, TheViewMenuDrivesTheGridAndOffersProtectionOnlyWhereAsked)
         SCOPED_TRACE(withProtected);
         QWidget owner;
         auto* grid = new TQzImagesGrid(&owner);
-        const TQzImagesViewMenu view = QzCreateImagesViewMenu(&owner, grid, withProtected);
+        TQzImagesViewActions view;
+        view.CreateViewMenu(&owner, grid, withProtected);
         const TQzImagesGridOptions& options = grid->GridDelegate()->Options();
-        EXPECT_EQ(view.Protected != nullptr, withProtected);
-        EXPECT_TRUE(view.WH->isChecked());
-        view.Transparent->setChecked(true);
-        view.Stretch->setChecked(true);
+        EXPECT_EQ(view.MnProtected != nullptr, withProtected);
+        EXPECT_TRUE(view.MnWH->isChecked());
+        view.MnTransparent->setChecked(true);
+        view.MnStretch->setChecked(true);
         EXPECT_TRUE(options.Transparent && options.Stretch);
-        view.Size->setChecked(true);
-        EXPECT_FALSE(view.WH->isChecked()) << "the last line shows one thing";
+        view.MnSize->setChecked(true);
+        EXPECT_FALSE(view.MnWH->isChecked()) << "the last line shows one thing";
         EXPECT_EQ(options.Line, TQzImagesLine::Size);
-        if (view.Protected) {
-            view.Protected->setChecked(true);
+        if (view.MnProtected) {
+            view.MnProtected->setChecked(true);
             EXPECT_EQ(options.Line, TQzImagesLine::Protected);
         }
-        view.WH->setChecked(true);
+        view.MnWH->setChecked(true);
         EXPECT_EQ(options.Line, TQzImagesLine::WidthHeight);
     }
 }
