@@ -1,7 +1,7 @@
-// The about, scroll-bars, hints and common-windows windows, and the
-// runtime's windows as the editors reach them: every kind opens its own
-// window, the display dialogs write the package only on OK, and the rules
-// that keep their values consistent.
+// The about, scroll-bars, hints and common-windows windows: the display
+// dialogs write the package only on OK, and the rules that keep their
+// values consistent. That every kind opens its own window is walked in
+// qzide on the demo.
 
 #include "design/controls/QzDisplayGeometryEdit.h"
 #include "design/controls/QzRuntimeWindowsReg.h"
@@ -64,27 +64,6 @@ void SetSpin(QWidget* w, const char* name, int value)
     auto* spin = TDriver::Find<QSpinBox>(w, name);
     spin->setValue(value);
     emit spin->editingFinished();
-}
-
-TEST_F(SmallWindows, EveryKindOpensItsOwnWindow)
-{
-    for (K kind : {K::About, K::ScrollBars, K::Hints, K::CommonWnds, K::MemoEditor, K::ImageEditor, K::RichEditor,
-                   K::Help}) {
-        SCOPED_TRACE(QzEditorDialogClass(kind));
-        TQzTestDialogs dialogs;  // "not available" would be an unexpected box
-        TQzEditorDialogRequest request;
-        request.Package = &Display;
-        request.Caption = "Example";
-        request.PkgName = "System";
-        request.TopicId = 1;
-        TDriver driver;
-        const char* expected = QzEditorDialogClass(kind);
-        driver.Then("its window", [expected](QWidget* w) { EXPECT_STREQ(w->metaObject()->className(), expected); });
-        driver.Escape();
-        QzRunEditorDialog(kind, request);
-        EXPECT_TRUE(driver.Finished());
-    }
-    EXPECT_TRUE(Marked.empty()) << "closing a window changes nothing";
 }
 
 TEST_F(SmallWindows, TheDisplayDialogsWriteTheirGeometryOnlyOnOk)
