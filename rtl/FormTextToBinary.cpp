@@ -54,6 +54,20 @@ private:
             P.Error("Floating point value out of range " + std::string(P.TokenText()));
         return value;
     }
+    // The text holds the currency's stored integer (value * 10000) to 15
+    // digits, so the integer's own extremes are written rounded just past
+    // its range: those read back as the extremes.
+    Currency TokenCurrency() const
+    {
+        constexpr Currency lowest = std::numeric_limits<Currency>::min();
+        constexpr Currency highest = std::numeric_limits<Currency>::max();
+        const Extended value = TokenFloatWithin(9.22337203685478E18L);
+        if (value <= Extended(lowest))
+            return lowest;
+        if (value >= Extended(highest))
+            return highest;
+        return Currency(std::llround(value));
+    }
     void ConvertHeader(Byte flags);
     void ConvertProperty();
     void ConvertValue();
@@ -172,8 +186,7 @@ void TTextToBinary::ConvertValue()
             W.WriteSingle(float(TokenFloatWithin(std::numeric_limits<float>::max())));
             break;
         case 'c':
-            // The text holds the currency's stored integer (value * 10000).
-            W.WriteCurrency(Currency(std::llround(TokenFloatWithin(9.2e18L))));
+            W.WriteCurrency(TokenCurrency());
             break;
         case 'd':
             W.WriteDate(double(TokenFloatWithin(std::numeric_limits<double>::max())));

@@ -1,0 +1,5 @@
+object Form1: TForm1
+  Lowest = -9.22337203685478E18c
+  Highest = 9.22337203685478E18c
+  Near = -9.22337203685477E18c
+end
