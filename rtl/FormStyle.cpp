@@ -40,7 +40,8 @@ bool HasHighByte(std::string_view bytes)
 bool IsWhole(Extended value)
 {
     // Beyond 15 digits the short style writes an exponent, not an integer.
-    return value == Extended(Int64(value)) && value < 1e15L && value > -1e15L;
+    // The range comes first: converting NaN or a huge value is undefined.
+    return value < 1e15L && value > -1e15L && value == Extended(Int64(value));
 }
 
 void WalkComponent(TReader& r, TBinaryFacts& facts, int depth);
