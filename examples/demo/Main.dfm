@@ -327,6 +327,14 @@ object MainForm: TQzCForm
         Caption.PkgName = 'DEMO'
         Caption.Id = 7
       end
+      object LabelRemark: TQzLabel
+        Left = 16
+        Top = 120
+        Width = 320
+        Height = 40
+        Text = 'Orders before noon leave today.'#13#10'Later ones leave tomorrow.'
+        WordWrap = True
+      end
     end
     object SheetNotes: TQzTabSheet
       Left = 0

@@ -53,6 +53,7 @@ constexpr TGuidePicture GuidePictures[] = {
     {"TFrPrivileges", "", "privileges.png"},
     {"TFrRichEdit", "", "rich-edit.png"},
     {"TFrCollection", "ListRecent.Items ...", "collection-items.png"},
+    {"TFrMultiLine", "LabelRemark.Text ...", "multi-line.png"},
 };
 
 QString WindowClass(const QWidget* w)

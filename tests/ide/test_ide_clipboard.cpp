@@ -349,7 +349,7 @@ TEST_F(TIdeClipboardTest, KeysEditMenuAndContextMenuOfferTheClipboard)
     ASSERT_NE(Main()->GetComponent("CheckActive1"), nullptr);
     EXPECT_EQ(Main()->GetComponent("CheckActive1")->GetParentComponent(), Find("SheetCustomer"));
     QTest::keyClick(s, Qt::Key_A, Qt::ControlModifier);
-    EXPECT_EQ(Main()->SelectedComponents().size(), 6u);
+    EXPECT_EQ(Main()->SelectedComponents().size(), 7u);
 
     // The surface's menu over a control: its verbs, then the same commands.
     QMenu menu;

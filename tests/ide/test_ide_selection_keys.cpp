@@ -38,9 +38,10 @@ TEST_F(TIdeTest, KeysChooseTheNeighbourTheSiblingOrTheParent)
         {"ButtonSave", Qt::Key_Up, {}, "Pages"},
         // Creation order, round from the last to the first.
         {"LabelName", Qt::Key_Tab, {}, "EditName"},
-        {"CheckActive", Qt::Key_Tab, {}, "LabelName"},
-        {"LabelName", Qt::Key_Tab, Qt::ShiftModifier, "CheckActive"},
-        {"LabelName", Qt::Key_Backtab, Qt::ShiftModifier, "CheckActive"},
+        {"CheckActive", Qt::Key_Tab, {}, "LabelRemark"},
+        {"LabelRemark", Qt::Key_Tab, {}, "LabelName"},
+        {"LabelName", Qt::Key_Tab, Qt::ShiftModifier, "LabelRemark"},
+        {"LabelName", Qt::Key_Backtab, Qt::ShiftModifier, "LabelRemark"},
         {"PanelTop", Qt::Key_Tab, Qt::ShiftModifier, "PopupNotes"},
         {nullptr, Qt::Key_Tab, {}, "QzCApplication1"},
         {nullptr, Qt::Key_Tab, Qt::ShiftModifier, "ButtonCancel"},
@@ -76,7 +77,7 @@ TEST_F(TIdeTest, SelectAllTakesTheSiblingsOrTheTopLevel)
     TQzDesignSurface* s = Surface(Main());
     Select({"EditCity"});
     s->SelectAll();
-    EXPECT_EQ(names(), (std::vector<AnsiString>{"LabelName", "EditName", "LabelCity", "EditCity", "CheckActive"}));
+    EXPECT_EQ(names(), (std::vector<AnsiString>{"LabelName", "EditName", "LabelCity", "EditCity", "CheckActive", "LabelRemark"}));
     Select({"MemoNotes"});
     s->SelectAll();
     EXPECT_EQ(names(), (std::vector<AnsiString>{"MemoNotes", "RichLetter"}));
