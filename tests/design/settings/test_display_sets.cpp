@@ -11,11 +11,10 @@
 #include "designide/QzPortDsgn.h"
 #include "runtime/components/QzComponentsReg.h"
 #include "runtime/model/QzApplication.h"
-#include "runtime/util/QzDesigner.h"
 
 #include "rtl/TypInfo.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -77,9 +76,7 @@ protected:
         App = new TQzCApplication(FForm.get());
         Display = App->PkgDisplay();
         Fill();
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent* c) { Marked.push_back(c); });
     }
-    void TearDown() override { SetQzDesignerModifiedHook(std::move(FPrevious)); }
 
     void Fill()
     {
@@ -131,10 +128,8 @@ protected:
     std::unique_ptr<TComponent> FForm;
     TQzCApplication* App = nullptr;
     TQzPkgDisplay* Display = nullptr;
-    std::vector<TComponent*> Marked;
-
-private:
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
+    std::vector<TComponent*>& Marked = FMarks.Marked;
 };
 
 TEST_F(DisplaySetWindows, NewSetsAndTheChoiceReachThePackageOnlyOnOk)

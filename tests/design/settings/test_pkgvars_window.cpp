@@ -2,18 +2,14 @@
 // variables, values edited and refused, deleting and clearing, the search,
 // files, and what is marked modified.
 
-#include "design/reg/QzEditorDialogs.h"
 #include "design/settings/Qzvtfinddialog.h"
 #include "design/settings/Qzvtpkgvars.h"
 #include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/files/QzPkgFiles.h"
-#include "runtime/util/QzDesigner.h"
-
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -44,9 +40,7 @@ protected:
         FPackage->Add("Setup\\Printer", qvString)->SetVString("LaserJet");
         FPackage->Add("Setup\\Copies", qvInteger)->SetVInteger(2);
         FPackage->Add("Setup\\Paper\\Size", qvString)->SetVString("A4");
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent*) { ++FModified; });
     }
-    void TearDown() override { SetQzDesignerModifiedHook(FPrevious); }
 
     TModalResult Run(TQzModalDriver& driver)
     {
@@ -57,13 +51,7 @@ protected:
         return result;
     }
 
-    static TFrPkgVars* Form(QWidget* w)
-    {
-        auto* form = qobject_cast<TFrPkgVars*>(w);
-        if (!form)
-            throw TQzDriverError("the variables editor is not the active window");
-        return form;
-    }
+    static TFrPkgVars* Form(QWidget* w) { return QzWindowAs<TFrPkgVars>(w); }
 
     // Selects a folder or a variable by its path ("" the root).
     TQzModalDriver::TStep Select(const AnsiString& path) const
@@ -74,11 +62,6 @@ protected:
             if (!done)
                 throw TQzDriverError("cannot select " + path);
         };
-    }
-
-    static TQzModalDriver::TStep Trigger(const char* action)
-    {
-        return [action](QWidget* w) { TQzModalDriver::Find<QAction>(w, action)->trigger(); };
     }
 
     static QStringList Rows(QWidget* w)
@@ -102,8 +85,7 @@ protected:
 
     std::unique_ptr<TComponent> FForm;
     TQzPkgVars* FPackage = nullptr;   // owned by the form
-    int FModified = 0;
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
 };
 
 TEST_F(PkgVarsWindow, OpensOnTheRootWithTheFoldersInTheTreeAndTheVariablesInTheList)
@@ -128,14 +110,14 @@ TEST_F(PkgVarsWindow, OpensOnTheRootWithTheFoldersInTheTreeAndTheVariablesInTheL
         })
         .Click("BtOk");
     EXPECT_EQ(Run(driver), mrOk);
-    EXPECT_EQ(FModified, 1) << "only the placement the window took is stored";
+    EXPECT_EQ(FMarks.Count(), 1) << "only the placement the window took is stored";
 }
 
 TEST_F(PkgVarsWindow, NamesAreChangedInPlaceAsTypedEvenWhenTheyRepeatOrAreOdd)
 {
     TQzModalDriver driver;
     driver.Then("Setup", Select("Setup"))
-        .Then("rename the folder", Trigger("ChangeName1"))
+        .Then("rename the folder", QzTrigger("ChangeName1"))
         .Then("type", [](QWidget*) {
             QWidget* editor = QApplication::focusWidget();
             ASSERT_TRUE(editor);
@@ -159,7 +141,7 @@ TEST_F(PkgVarsWindow, NamesAreChangedInPlaceAsTypedEvenWhenTheyRepeatOrAreOdd)
     ASSERT_NE(folder, nullptr);
     EXPECT_EQ(folder->Items(0)->Ident(), "a\\b");
     EXPECT_EQ(folder->Items(1)->Ident(), "Copies");
-    EXPECT_GE(FModified, 4);
+    EXPECT_GE(FMarks.Count(), 4);
 }
 
 TEST_F(PkgVarsWindow, NewVariablesTakeTheFirstFreeNumberAndTheirTypesStartingValue)
@@ -168,14 +150,14 @@ TEST_F(PkgVarsWindow, NewVariablesTakeTheFirstFreeNumberAndTheirTypesStartingVal
     FPackage->Add("Setup\\New Var #3", qvString);
     TQzModalDriver driver;
     driver.Then("Setup", Select("Setup"))
-        .Then("new integer", Trigger("NewInteger1"))
+        .Then("new integer", QzTrigger("NewInteger1"))
         .Escape()  // ends the name's edit, not the window
-        .Then("new boolean", Trigger("NewBoolean1"))
+        .Then("new boolean", QzTrigger("NewBoolean1"))
         .Escape()
         .Then("rows", [](QWidget* w) {
             EXPECT_EQ(Rows(w).mid(4), QStringList({"New Var #2=\"0\"", "New Var #4=\"False\""}));
         })
-        .Then("new folder inside", Trigger("NewSubFolder1"))
+        .Then("new folder inside", QzTrigger("NewSubFolder1"))
         .Escape()
         .Click("BtOk");
     EXPECT_EQ(Run(driver), mrOk);
@@ -189,7 +171,7 @@ TEST_F(PkgVarsWindow, BadValuesAreRefusedAndCancelLeavesTheValue)
     dialogs->AnswerMessage(mbOK).AnswerMessage(mbOK);
     TQzModalDriver driver;
     driver.Then("Copies", Select("Setup\\Copies"))
-        .Then("modify", Trigger("Modify1"))
+        .Then("modify", QzTrigger("Modify1"))
         .Then("the editor", [](QWidget* w) {
             EXPECT_EQ(TQzModalDriver::Find<QLabel>(w, "Label2")->text(), "&Value Information (Integer):");
             EXPECT_EQ(TQzModalDriver::Find<QLineEdit>(w, "EdValue")->text(), "2");
@@ -202,7 +184,7 @@ TEST_F(PkgVarsWindow, BadValuesAreRefusedAndCancelLeavesTheValue)
         .SetText("EdValue", "5")
         .Click("BtCancel")
         .Then("Flag", Select("Flag"))
-        .Then("modify", Trigger("Modify1"))
+        .Then("modify", QzTrigger("Modify1"))
         .Then("a list for Booleans", [](QWidget* w) {
             auto* choice = TQzModalDriver::Find<QComboBox>(w, "CBValue");
             EXPECT_TRUE(choice->isVisibleTo(w));
@@ -212,11 +194,11 @@ TEST_F(PkgVarsWindow, BadValuesAreRefusedAndCancelLeavesTheValue)
         .Click("BtOk")
         .Then("shown", [](QWidget* w) { EXPECT_EQ(Rows(w).at(1), "Flag=\"False\""); })
         .Click("BtOk");
-    const int before = FModified;
+    const int before = FMarks.Count();
     Run(driver);
     EXPECT_EQ(FPackage->Find("Setup\\Copies")->GetVInteger(), 2);
     EXPECT_FALSE(FPackage->Find("Flag")->GetVBoolean());
-    EXPECT_EQ(FModified - before, 2) << "the value and the placement";
+    EXPECT_EQ(FMarks.Count() - before, 2) << "the value and the placement";
     ASSERT_EQ(dialogs->Calls().size(), 2u);
     EXPECT_EQ(dialogs->Calls()[0].Message.Type, mtError);
 }
@@ -233,11 +215,11 @@ TEST_F(PkgVarsWindow, DeletingAndClearingAskFirstAndKeepWhatTheyShould)
         .AnswerMessage(mbOK);         // clear all
     TQzModalDriver driver;
     driver.Then("Copies", Select("Setup\\Copies"))
-        .Then("declined", Trigger("Delete2"))
+        .Then("declined", QzTrigger("Delete2"))
         .Then("kept", [](QWidget* w) { EXPECT_EQ(Rows(w).size(), 2); })
-        .Then("delete", Trigger("Delete2"))
+        .Then("delete", QzTrigger("Delete2"))
         .Then("the row before", [](QWidget* w) { EXPECT_EQ(SelectedRow(w), 0); })
-        .Then("delete", Trigger("Delete2"))
+        .Then("delete", QzTrigger("Delete2"))
         .Then("nothing selected", [](QWidget* w) {
             EXPECT_TRUE(Rows(w).isEmpty());
             EXPECT_EQ(Form(w)->SelectedVariable(), nullptr);
@@ -331,10 +313,10 @@ TEST_F(PkgVarsWindow, ChangingATypeAsksAndConvertsTheValue)
     dialogs->AnswerMessage(mbCancel).AnswerMessage(mbOK).AnswerMessage(mbOK);
     TQzModalDriver driver;
     driver.Then("Copies", Select("Setup\\Copies"))
-        .Then("to string, declined", Trigger("String3"))
-        .Then("to string", Trigger("String3"))
+        .Then("to string, declined", QzTrigger("String3"))
+        .Then("to string", QzTrigger("String3"))
         .Then("same row, new text", [](QWidget* w) { EXPECT_EQ(Rows(w).at(1), "Copies=\"42\""); })
-        .Then("to its own type: nothing asked", Trigger("String3"))
+        .Then("to its own type: nothing asked", QzTrigger("String3"))
         .Then("Paper", Select("Setup\\Paper"))
         .Then("the folder a variable", [](QWidget* w) {
             TQzModalDriver::Find<QTreeWidget>(w, "TView")->setFocus();
@@ -364,22 +346,10 @@ TEST_F(PkgVarsWindow, APackageInItsOwnFileIsWrittenWhenTheEditorClosesNotMarkedO
         .Click("BtClearAll")
         .Click("BtOk");
     Run(driver);
-    EXPECT_EQ(FModified, 1) << "only the placement";
+    EXPECT_EQ(FMarks.Count(), 1) << "only the placement";
     TQzPkgVars reread(nullptr);
     reread.LoadFromFile(file);
     EXPECT_TRUE(reread.IsEmpty()) << "the cleared package was written";
-}
-
-TEST_F(PkgVarsWindow, ThePackagesWindowIsTheVariablesEditorOnceRegistered)
-{
-    const TQzEditorDialogOpener previous = QzSetEditorDialog(TQzEditorDialog::PkgVars, {});
-    RegisterQzvtpkgvars();
-    TQzEditorDialogRequest request;
-    request.Package = FPackage;
-    TQzModalDriver driver;
-    driver.Then("title", [](QWidget* w) { EXPECT_EQ(w->windowTitle(), "PkgVars : Settings"); }).Click("BtOk");
-    EXPECT_EQ(QzRunEditorDialog(TQzEditorDialog::PkgVars, request), 1);
-    QzSetEditorDialog(TQzEditorDialog::PkgVars, previous);
 }
 
 }  // namespace

@@ -6,9 +6,8 @@
 #include "design/settings/Qzvtprivilege.h"
 #include "design/settings/Qzvtprivileges.h"
 #include "runtime/model/QzMemory.h"
-#include "runtime/util/QzDesigner.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -34,12 +33,7 @@ protected:
         }
         FPackage->SetKey("old key");
         FPackage->SetModified(false);
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent* owner) {
-            EXPECT_EQ(owner, FForm.get());
-            ++FModified;
-        });
     }
-    void TearDown() override { SetQzDesignerModifiedHook(FPrevious); }
 
     static QStringList Rows(QWidget* w, int column)
     {
@@ -70,8 +64,7 @@ protected:
 
     std::unique_ptr<TComponent> FForm;
     TQzPkgPrivileges* FPackage = nullptr;  // owned by the form
-    int FModified = 0;
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
 };
 
 TEST_F(PrivilegesWindows, ThePickerGivesTheIdChosenAndCancelKeepsTheOldOne)
@@ -145,7 +138,7 @@ TEST_F(PrivilegesWindows, EditsReachThePackageOnOkAndCancelGivesItBack)
         TFrPrivileges form;
         EXPECT_EQ(form.Execute(FPackage), accept ? 1 : 0);
         EXPECT_EQ(Contents(), accept ? AnsiString("new key;1:Read orders:R;2:Edit orders:R/W;0:Admin:R;") : before);
-        EXPECT_EQ(FModified, accept ? 1 : 0);
+        EXPECT_EQ(FMarks.Marked, accept ? std::vector<TComponent*>{FForm.get()} : std::vector<TComponent*>{});
         EXPECT_EQ(FPackage->GetModified(), accept);
     }
 }

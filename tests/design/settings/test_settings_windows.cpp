@@ -6,9 +6,8 @@
 #include "design/settings/Qzvtlanguage.h"
 #include "design/settings/Qzvtsetup.h"
 #include "runtime/model/QzApplication.h"
-#include "runtime/util/QzDesigner.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -30,9 +29,7 @@ protected:
     {
         FForm = std::make_unique<TComponent>(nullptr);
         App = new TQzCApplication(FForm.get());
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent* c) { Marked.push_back(c); });
     }
-    void TearDown() override { SetQzDesignerModifiedHook(std::move(FPrevious)); }
 
     int Run(TQzEditorDialog kind)
     {
@@ -41,18 +38,12 @@ protected:
         return QzRunEditorDialog(kind, request);
     }
     template <class TForm>
-    static TForm* Form(QWidget* w)
-    {
-        auto* form = qobject_cast<TForm*>(w);
-        if (!form)
-            throw TQzDriverError("the window is not the one expected");
-        return form;
-    }
+    static TForm* Form(QWidget* w) { return QzWindowAs<TForm>(w); }
 
     std::unique_ptr<TComponent> FForm;
     TQzCApplication* App = nullptr;
-    std::vector<TComponent*> Marked;
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
+    std::vector<TComponent*>& Marked = FMarks.Marked;
 };
 
 TEST_F(SettingsWindows, SetupTakesPressedShortCutsRefusesOnesInUseAndKeepsThemOnCancel)
