@@ -98,6 +98,35 @@ void CheckEnd(const TQzByteReader& r)
         r.Fail("unexpected data at the end of the block");
 }
 
+// A design block and the designer's settings are stored alike: the version,
+// the flags packed in one byte, then the values. An all-default block is
+// not stored at all.
+template <typename TBlock>
+std::string EncodeFlagsAndValues(const TBlock& block)
+{
+    if (block == TBlock())
+        return {};
+    TQzByteWriter w;
+    w.U8(BlockVersion);
+    w.U8(FlagBits(block.Flags.data(), block.Flags.size()));
+    for (const Integer value : block.Values)
+        w.I32(value);
+    return std::move(w.Result());
+}
+
+template <typename TBlock>
+TBlock DecodeFlagsAndValues(std::string_view bytes, const AnsiString& what)
+{
+    TBlock block;
+    TQzByteReader r(bytes, what);
+    ReadVersion(r);
+    ReadFlagBits(r, block.Flags.data(), block.Flags.size());
+    for (Integer& value : block.Values)
+        value = r.I32();
+    CheckEnd(r);
+    return block;
+}
+
 } // namespace
 
 QImage QzMaskFromColor(const QImage& picture, TColor color)
@@ -217,50 +246,22 @@ TQzMaskBlock QzDecodeMaskBlock(std::string_view bytes, const AnsiString& what)
 
 std::string QzEncodeImageDesign(const TQzImageDesign& design)
 {
-    if (design == TQzImageDesign())
-        return {};
-    TQzByteWriter w;
-    w.U8(BlockVersion);
-    w.U8(FlagBits(design.Flags.data(), design.Flags.size()));
-    for (const Integer value : design.Values)
-        w.I32(value);
-    return std::move(w.Result());
+    return EncodeFlagsAndValues(design);
 }
 
 TQzImageDesign QzDecodeImageDesign(std::string_view bytes, const AnsiString& what)
 {
-    TQzImageDesign design;
-    TQzByteReader r(bytes, what);
-    ReadVersion(r);
-    ReadFlagBits(r, design.Flags.data(), design.Flags.size());
-    for (Integer& value : design.Values)
-        value = r.I32();
-    CheckEnd(r);
-    return design;
+    return DecodeFlagsAndValues<TQzImageDesign>(bytes, what);
 }
 
 std::string QzEncodeDesignerSettings(const TQzImagesDesignerSettings& settings)
 {
-    if (settings == TQzImagesDesignerSettings())
-        return {};
-    TQzByteWriter w;
-    w.U8(BlockVersion);
-    w.U8(FlagBits(settings.Flags.data(), settings.Flags.size()));
-    for (const Integer value : settings.Values)
-        w.I32(value);
-    return std::move(w.Result());
+    return EncodeFlagsAndValues(settings);
 }
 
 TQzImagesDesignerSettings QzDecodeDesignerSettings(std::string_view bytes, const AnsiString& what)
 {
-    TQzImagesDesignerSettings settings;
-    TQzByteReader r(bytes, what);
-    ReadVersion(r);
-    ReadFlagBits(r, settings.Flags.data(), settings.Flags.size());
-    for (Integer& value : settings.Values)
-        value = r.I32();
-    CheckEnd(r);
-    return settings;
+    return DecodeFlagsAndValues<TQzImagesDesignerSettings>(bytes, what);
 }
 
 TQzImagesDesignerSettings QzGetDesignerSettings(const TQzPkgImages& package)
