@@ -124,11 +124,6 @@ TEST(ApplicationPackages, AreSubcomponentsNamedAfterTheirProperties)
         EXPECT_EQ(r.Pkg->Owner(), &app);
         EXPECT_FALSE(r.Pkg->GetModified());
     }
-    // Class references the editors bind to.
-    EXPECT_TRUE(ClassOf<TQzPkgDisplay>()->InheritsFrom(ClassOf<TQzPkgInfo>()));
-    EXPECT_EQ(GetPropInfo(&app, "PkgLanguage")->PropType, TQzPkgLanguage::ClassInfo()->TypeInfo());
-    EXPECT_EQ(GetEnumName(TypeInfo_TQzRegisterInitMode(), imFile), "imFile");
-    EXPECT_EQ(TypeInfo_TQzMultiLine()->Kind, tkString);
 }
 
 }  // namespace
