@@ -1,13 +1,14 @@
 // Drawing the picture a memory image points at: placement, stretching,
 // transparency and states, on a small picture whose pixels are known.
 
+#include "PictureTestSupport.h"
+
 #include "runtime/pictures/Qzdrawutil.h"
 
 #include "runtime/model/QzMemory.h"
 #include "runtime/model/QzPkgImages.h"
 #include "support/gui/QzTestApp.h"
 
-#include <QBuffer>
 #include <QPainter>
 
 namespace {
@@ -24,11 +25,7 @@ std::string PngBytes()
     picture.fill(Red);
     picture.setPixelColor(0, 0, Blue);
     picture.setPixelColor(0, 1, Blue);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, "PNG");
-    return bytes.toStdString();
+    return QzPictureTest::Encode(picture, "PNG");
 }
 
 class DrawImage : public TQzGuiTest {
