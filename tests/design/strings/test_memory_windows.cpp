@@ -14,13 +14,11 @@
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzPkgLanguage.h"
-#include "runtime/util/QzDesigner.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
@@ -49,9 +47,7 @@ protected:
         FPkg->Labels()->Add(2, "Open");
         FPkg->Messages()->Add(3, "Really?");
         FPkg->Texts()->Add(4, "Line one\r\nLine two");
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent* c) { FModified.push_back(c); });
     }
-    void TearDown() override { SetQzDesignerModifiedHook(FPrevious); }
 
     template <class Editor>
     TModalResult Run(TQzMemoryRef& ref, TQzModalDriver& driver)
@@ -75,8 +71,8 @@ protected:
     std::unique_ptr<TComponent> FForm;
     TQzCApplication* FApp = nullptr;
     TQzPkgStrings* FPkg = nullptr;   // owned by the form
-    std::vector<TComponent*> FModified;
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
+    std::vector<TComponent*>& FModified = FMarks.Marked;
     TQzTestDialogs FDialogs;
 };
 
@@ -314,13 +310,10 @@ TEST_F(MemoryWindows, ProtectingTheSystemPackageMarksTheFormOnlyWhenAFlagChanges
     system->Messages()->Add(27, "Clear?");
     TQzMemoryMessage ref;
     ref.PkgId("System", 26);
-    const auto trigger = [](const char* action) {
-        return [action](QWidget* w) { TQzModalDriver::Find<QAction>(w, action)->trigger(); };
-    };
     TQzModalDriver driver;
-    driver.Then("unprotect", trigger("MnUnprotectAll"))
-        .Then("protect", trigger("MnProtectAll"))
-        .Then("protect again", trigger("MnProtectAll"))
+    driver.Then("unprotect", QzTrigger("MnUnprotectAll"))
+        .Then("protect", QzTrigger("MnProtectAll"))
+        .Then("protect again", QzTrigger("MnProtectAll"))
         .Then("a P column for System", Expect("P", [](QWidget* w) {
                   const QAbstractItemModel* rows = TQzModalDriver::Find<QTableView>(w, "Messages")->model();
                   ASSERT_EQ(rows->columnCount(), 3);

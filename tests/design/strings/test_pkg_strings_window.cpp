@@ -8,10 +8,9 @@
 #include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
-#include "runtime/util/QzDesigner.h"
 #include "vcl/QzListView.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
@@ -42,9 +41,7 @@ protected:
         FPackage->Labels()->Add(3, "City");
         FPackage->Labels()->Add(7, "address");
         FPackage->Messages()->Add(1, "Saved");
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent*) { ++FTold; });
     }
-    void TearDown() override { SetQzDesignerModifiedHook(FPrevious); }
 
     TModalResult Run(TQzModalDriver& driver, TQzPkgStrings* package = nullptr)
     {
@@ -55,13 +52,7 @@ protected:
         return result;
     }
 
-    static TFrPkgStrings* Form(QWidget* w)
-    {
-        auto* form = qobject_cast<TFrPkgStrings*>(w);
-        if (!form)
-            throw TQzDriverError("the strings editor is not the active window");
-        return form;
-    }
+    static TFrPkgStrings* Form(QWidget* w) { return QzWindowAs<TFrPkgStrings>(w); }
 
     // The rows of a list as "Id P text".
     static QStringList Rows(QWidget* w, const char* list)
@@ -86,15 +77,9 @@ protected:
 
     static QString Status(QWidget* w) { return TQzModalDriver::Find<QStatusBar>(w, "StatusBar1")->currentMessage(); }
 
-    static TQzModalDriver::TStep Trigger(const char* action)
-    {
-        return [action](QWidget* w) { TQzModalDriver::Find<QAction>(w, action)->trigger(); };
-    }
-
     TComponent FForm{nullptr};
     TQzPkgStrings* FPackage = nullptr;   // owned by the form
-    int FTold = 0;
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
 };
 
 TEST_F(PkgStringsWindow, ListsSearchesAndCountsEachPage)
@@ -141,7 +126,7 @@ TEST_F(PkgStringsWindow, ListsSearchesAndCountsEachPage)
         .Then("filtered out", [](QWidget* w) { EXPECT_TRUE(Rows(w, "Messages").isEmpty()); })
         .Escape();
     EXPECT_EQ(Run(driver), mrCancel);
-    EXPECT_EQ(FTold, 0);
+    EXPECT_EQ(FMarks.Count(), 0);
 }
 
 TEST_F(PkgStringsWindow, AddModifyDeleteAndClearTellTheDesignerOfAPackageInTheForm)
@@ -184,7 +169,7 @@ TEST_F(PkgStringsWindow, AddModifyDeleteAndClearTellTheDesignerOfAPackageInTheFo
         })
         .Click("BtOk");
     EXPECT_EQ(Run(driver), mrOk);
-    EXPECT_EQ(FTold, 4) << "add, modify, delete and clear; the answers No change nothing";
+    EXPECT_EQ(FMarks.Count(), 4) << "add, modify, delete and clear; the answers No change nothing";
     EXPECT_TRUE(FPackage->IsEmpty());
 }
 
@@ -207,7 +192,7 @@ TEST_F(PkgStringsWindow, APackageInItsOwnFileIsNotToldButWrittenOnLoadOrSave)
         .Click("BtOk");
     EXPECT_EQ(Run(driver), mrOk);
     EXPECT_EQ(FPackage->Labels()->Count(), 4);
-    EXPECT_EQ(FTold, 0);
+    EXPECT_EQ(FMarks.Count(), 0);
 }
 
 TEST_F(PkgStringsWindow, TheSystemStringsShowProtectionAndProtectAllMarksOnlyAChange)
@@ -224,12 +209,12 @@ TEST_F(PkgStringsWindow, TheSystemStringsShowProtectionAndProtectAllMarksOnlyACh
               EXPECT_TRUE(Status(w).startsWith("2 Labels (LastUpdateFile:")) << Status(w).toStdString();
               EXPECT_TRUE(TQzModalDriver::Find<QAction>(w, "UpdateSystemStrings")->isVisible());
           })
-        .Then("protect all protected", Trigger("ProtectAllLabels"))
-        .Then("unprotect", Trigger("UnprotectAllLabels"))
+        .Then("protect all protected", QzTrigger("ProtectAllLabels"))
+        .Then("unprotect", QzTrigger("UnprotectAllLabels"))
         .Then("no P", [](QWidget* w) { EXPECT_EQ(Rows(w, "Labels"), QStringList({"2  No", "1  Yes"})); })
         .Click("BtOk");
     EXPECT_EQ(Run(driver, system), mrOk);
-    EXPECT_EQ(FTold, 1) << "only the change of flags";
+    EXPECT_EQ(FMarks.Count(), 1) << "only the change of flags";
 }
 
 TEST_F(PkgStringsWindow, TheManagerLooksForThePagesKindInThePackage)

@@ -8,10 +8,9 @@
 
 #include "runtime/dialogs/QzStandardWindows.h"
 #include "runtime/files/QzPkgFiles.h"
-#include "runtime/util/QzDesigner.h"
 #include "vcl/QzListView.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -42,9 +41,7 @@ protected:
         FPackage->Labels()->Add(1, "&Open %s", "Opens a file");
         FPackage->Labels()->Add(2, "Close");
         FFormFile = FDir.path().toStdString() + "/Unit1.dfm";
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent* owner) { FTold.push_back(owner); });
     }
-    void TearDown() override { SetQzDesignerModifiedHook(FPrevious); }
 
     // The Spanish file beside the form: 1 on both sides, 3 only here.
     void WriteTranslation()
@@ -66,13 +63,7 @@ protected:
         return result;
     }
 
-    static TFrPkgStringsTranslator* Form(QWidget* w)
-    {
-        auto* form = qobject_cast<TFrPkgStringsTranslator*>(w);
-        if (!form)
-            throw TQzDriverError("the translator is not the active window");
-        return form;
-    }
+    static TFrPkgStringsTranslator* Form(QWidget* w) { return QzWindowAs<TFrPkgStringsTranslator>(w); }
 
     // The rows as "Id|edited|translation".
     static QStringList Rows(QWidget* w)
@@ -103,8 +94,8 @@ protected:
     TComponent FForm{nullptr};
     TQzPkgStrings* FPackage = nullptr;   // owned by the form
     AnsiString FFormFile;
-    std::vector<TComponent*> FTold;
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
+    std::vector<TComponent*>& FTold = FMarks.Marked;
 };
 
 TEST_F(TranslatorWindow, WithoutATranslationFileOnlyTheEditedIdsAreListed)
@@ -299,28 +290,3 @@ TEST_F(TranslatorWindow, TheFilePickerListsTheMaskAndTakesANewName)
 }
 
 }  // namespace
-
-TEST_F(TranslatorWindow, EachMemberNamesItsListMemosAndDialogs)
-{
-    struct Case {
-        std::unique_ptr<TFrPkgStringsTranslator> Window;
-        const char* Caption;
-        const char* List;
-        const char* Memo1;
-        const char* Memo2;
-    };
-    Case cases[] = {
-        {std::make_unique<TFrPkgStringsLabelsTranslator>(), "Labels Translator", "Labels", "MeHint1", "MeHint2"},
-        {std::make_unique<TFrPkgStringsMessagesTranslator>(), "Messages Translator", "Messages", "MeMsg1", "MeMsg2"},
-        {std::make_unique<TFrPkgStringsTextsTranslator>(), "Texts Translator", "Texts", "MeText1", "MeText2"},
-    };
-    for (Case& c : cases) {
-        QWidget* w = c.Window.get();
-        EXPECT_EQ(w->windowTitle(), c.Caption);
-        for (const char* name : {c.List, c.Memo1, c.Memo2})
-            EXPECT_NE(w->findChild<QWidget*>(name), nullptr) << c.Caption << " has no " << name;
-    }
-    // Only labels carry a hint in the Add dialog.
-    EXPECT_FALSE(TFrPkgStringsLabelsTranslatorAdd().EdHint2->isHidden());
-    EXPECT_TRUE(TFrPkgStringsTextsTranslatorAdd().EdHint2->isHidden());
-}
