@@ -43,16 +43,6 @@ TEST_F(ConvertCommand, ConvertsThroughEveryFormatAndBack)
     EXPECT_EQ(ReadFileBytes(PathOf("d.dfm")), Form);
 }
 
-TEST_F(ConvertCommand, OptionsChooseHowTextIsWritten)
-{
-    Write("a.dfm", Form);
-    Qzpkg({"convert", "--to", "binary", PathOf("a.dfm"), PathOf("b.dfm")});
-    EXPECT_EQ(Qzpkg({"convert", "--to", "text", "--high-chars", "utf8", "--line-break", "lf", PathOf("b.dfm"), PathOf("u.dfm")}).Code, 0);
-    EXPECT_EQ(ReadFileBytes(PathOf("u.dfm")), "object Form1: TForm1\n  Caption = 'caf\xC3\xA9'\n  Tag = 5\nend\n");
-    EXPECT_EQ(Qzpkg({"convert", "--to", "text", "--high-chars", "escape", PathOf("b.dfm"), PathOf("e.dfm")}).Code, 0);
-    EXPECT_NE(ReadFileBytes(PathOf("e.dfm")).find("'caf'#233"), std::string::npos);
-}
-
 // A form converted to the other format and back with no options comes back
 // the same, and the binary in between holds the string kinds its writer
 // would have written.
@@ -144,6 +134,8 @@ TEST_F(ConvertCommand, OptionsOverrideWhatTheInputShows)
          "object F: TF\r\n  Scale = 0.500000000000000000\r\nend\r\n"},
         {FormTextToBinary(older, utf16), {"--to", "text", "--high-chars", "utf8"},
          "object F: TF\r\n  Hint = 'x\xD3\x92'\r\nend\r\n"},
+        {FormTextToBinary(Form), {"--to", "text", "--high-chars", "escape"},
+         "object Form1: TForm1\r\n  Caption = 'caf'#233\r\n  Tag = 5\r\nend\r\n"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.options[1] + " " + c.options[2]);
@@ -189,25 +181,20 @@ TEST_F(ConvertCommand, GuessesTheCodePageAndSaysWhich)
 TEST_F(ConvertCommand, BadInputFailsWithTheFileAndLineAndWritesNothing)
 {
     Write("bad.dfm", "object Form1: TForm1\r\n  Left = [1\r\nend\r\n");
-    Write("out.dfm", "previous");
-    TQzpkgRun r = Qzpkg({"convert", "--to", "binary", PathOf("bad.dfm"), PathOf("out.dfm")});
-    EXPECT_EQ(r.Code, 1);
-    EXPECT_NE(r.Err.find(PathOf("bad.dfm") + ": line 3: ',' expected"), std::string::npos) << r.Err;
-    EXPECT_EQ(ReadFileBytes(PathOf("out.dfm")), "previous");
-
     Write("cut.dfm", FormTextToBinary(Form).substr(0, 20));
-    r = Qzpkg({"convert", "--to", "text", PathOf("cut.dfm"), PathOf("out.dfm")});
-    EXPECT_EQ(r.Code, 1);
-    EXPECT_NE(r.Err.find("at offset"), std::string::npos) << r.Err;
-
-    r = Qzpkg({"convert", "--to", "text", PathOf("missing.dfm"), PathOf("out.dfm")});
-    EXPECT_EQ(r.Code, 1);
-    EXPECT_NE(r.Err.find("missing.dfm"), std::string::npos) << r.Err;
-
-    r = Qzpkg({"convert", "--to", "text", Dir.string(), PathOf("out.dfm")});
-    EXPECT_EQ(r.Code, 1);
-    EXPECT_NE(r.Err.find("Cannot read file " + Dir.string()), std::string::npos) << r.Err;
-    EXPECT_EQ(ReadFileBytes(PathOf("out.dfm")), "previous");
+    Write("out.dfm", "previous");
+    const std::pair<std::string, std::string> cases[] = {
+        {PathOf("bad.dfm"), PathOf("bad.dfm") + ": line 3: ',' expected"},
+        {PathOf("cut.dfm"), "at offset"},
+        {PathOf("missing.dfm"), "missing.dfm"},
+        {Dir.string(), "Cannot read file " + Dir.string()},
+    };
+    for (const auto& [in, says] : cases) {
+        const TQzpkgRun r = Qzpkg({"convert", "--to", in == PathOf("bad.dfm") ? "binary" : "text", in, PathOf("out.dfm")});
+        EXPECT_EQ(r.Code, 1) << in;
+        EXPECT_NE(r.Err.find(says), std::string::npos) << r.Err;
+        EXPECT_EQ(ReadFileBytes(PathOf("out.dfm")), "previous") << in;
+    }
 }
 
 TEST_F(ConvertCommand, UsageErrorsAndHelp)

@@ -145,13 +145,10 @@ TEST_F(RefsCommand, ScanFindsEachReferenceOnceInTextAndBinaryFormsAndInTheApplic
         EXPECT_EQ(run.Code, 0) << run.Err;
         EXPECT_EQ(Places(run.Out), c.Places);
     }
+    // A row ends with the text the manager shows.
+    EXPECT_EQ(Refs({"scan", "--kind", "texts", "--package", "APP", "--value", "9"}).Out,
+              "Settings.dfm\t44\tMemoHelp.Text\tAPP\t9\t(Settings.dfm) (MemoHelp: TQzMemo) 9\n");
     ExpectUnchanged();
-}
-
-TEST_F(RefsCommand, ScanRowsEndWithTheTextTheManagerShows)
-{
-    const TQzpkgRun run = Refs({"scan", "--kind", "texts", "--package", "APP", "--value", "9"});
-    EXPECT_EQ(run.Out, "Settings.dfm\t44\tMemoHelp.Text\tAPP\t9\t(Settings.dfm) (MemoHelp: TQzMemo) 9\n");
 }
 
 TEST_F(RefsCommand, AFolderOfFormsIsAProjectToo)
@@ -219,10 +216,7 @@ TEST_F(RefsCommand, CountSummaryListsEveryItemWithItsUsesAndTheMissingOnes)
               "ICONS\t2\t1\texists\tMain.dfm:76\nICONS\t3\t2\texists\tMain.dfm:155 Report.dfm:36\n"
               "ICONS\t4\t0\texists\t-\nICONS\t7\t1\tmissing\tSettings.dfm:53\n"
               "ICONS\t9\t1\tmissing\tMain.dfm:SetsBackGround[Paper]\n");
-}
-
-TEST_F(RefsCommand, CountRowsSayWhichReferencesDangle)
-{
+    // Without --summary, a row for each reference, saying whether it dangles.
     const TQzpkgRun run = Refs({"count", "--kind", "labels", "--package", "EXTRA"});
     EXPECT_EQ(run.Code, 3);
     EXPECT_EQ(run.Out, "Main.dfm\t159\tStatusBar.Panels[1].Caption\tEXTRA\t2\texists\n"
@@ -382,8 +376,11 @@ TEST_F(RefsCommand, ReplaceWritesNamesAsTheFormWroteThemQuotingWhatNeedsIt)
     }
 }
 
-TEST_F(RefsCommand, DryRunPrintsAUnifiedDiffOfTheTextAndWritesNothing)
+TEST_F(RefsCommand, DryRunPrintsAUnifiedDiffAndNeitherItNorReplacingAnItemByItselfWrites)
 {
+    const TQzpkgRun same = Refs({"replace", "--kind", "images", "--package", "ICONS", "--value", "3", "--to-package",
+                                 "ICONS", "--to-value", "3"});
+    EXPECT_EQ(same.Code, 0) << same.Err;
     const TQzpkgRun run = Refs({"replace", "--kind", "privileges", "--value", "2", "--to-value", "1", "--dry-run"});
     EXPECT_EQ(run.Code, 0) << run.Err;
     EXPECT_EQ(run.Out, "--- a/Main.dfm\n+++ b/Main.dfm\n@@ -79,7 +79,7 @@\n"
@@ -404,14 +401,6 @@ TEST_F(RefsCommand, DryRunPrintsAUnifiedDiffOfTheTextAndWritesNothing)
                        "     SetBackGround.Name = 'Paper'\n"
                        "     object LabelSave: TQzLabel\n"
                        "       Left = 12\n");
-    ExpectUnchanged();
-}
-
-TEST_F(RefsCommand, ReplacingAnItemByItselfWritesNothing)
-{
-    const TQzpkgRun run = Refs({"replace", "--kind", "images", "--package", "ICONS", "--value", "3", "--to-package",
-                                "ICONS", "--to-value", "3"});
-    EXPECT_EQ(run.Code, 0) << run.Err;
     ExpectUnchanged();
 }
 

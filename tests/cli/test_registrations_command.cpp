@@ -21,10 +21,7 @@ TEST(RegistrationsCommand, ListsEveryCallOnceATimeInOrder)
     const auto lines = TextLines(first.Out);
     ASSERT_EQ(lines.size(), 100u);
     EXPECT_EQ(lines[0].rfind("RegisterComponents\tQz Standard\tTQzCApplication,TQzCForm,", 0), 0u);
-    EXPECT_EQ(lines[3].substr(lines[3].size() - 3), "\t12");
     EXPECT_EQ(lines[4], "RegisterPropertyEditor\tTQzMultiLine\tnil\t\tTQzMultiLinePropertyEditor");
-    EXPECT_EQ(lines[14], "RegisterPropertyEditor\tInteger\tTQzPen\tWidth\tTQzWideProperty");
-    EXPECT_EQ(lines[99], "RegisterPropertyEditor\tVariant\tTQzFontComboBox\tValue\tTQzEditVariantPropertyEditor");
     // The data-aware page control's collections are bound twice, both listed.
     const std::string twice = "RegisterPropertyEditor\tTQzCollection\tTQzDbPageControl\t\tTQzCollectionPropertyEditor";
     EXPECT_EQ(std::count(lines.begin(), lines.end(), twice), 2);
