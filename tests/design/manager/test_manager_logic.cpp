@@ -8,19 +8,18 @@
 #include "runtime/model/QzApplication.h"
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/model/QzPkgStrings.h"
-#include "runtime/util/QzDesigner.h"
 
 #include "rtl/Collection.h"
 #include "rtl/FormText.h"
 
+#include "design/QzDesignWindowTest.h"
+
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <random>
+#include <QTemporaryDir>
 
-namespace fs = std::filesystem;
+#include <algorithm>
+#include <fstream>
 
 namespace {
 
@@ -58,28 +57,18 @@ const char* const Unit2 = R"(object Form2: TQzCForm
 end
 )";
 
+// A project folder removed with the test.
 class TTempProject {
 public:
-    TTempProject()
-    {
-        std::random_device rd;
-        FPath = (fs::temp_directory_path() / ("qz-manager-" + std::to_string(rd()))).string();
-        fs::create_directories(FPath);
-    }
-    ~TTempProject()
-    {
-        std::error_code ec;
-        fs::remove_all(FPath, ec);
-    }
     void Write(const std::string& name, const std::string& bytes) const
     {
-        std::ofstream(FPath + "/" + name, std::ios::binary) << bytes;
+        std::ofstream(*this / name, std::ios::binary) << bytes;
     }
-    std::string operator/(const std::string& name) const { return FPath + "/" + name; }
-    const std::string& Path() const { return FPath; }
+    std::string operator/(const std::string& name) const { return Path() + "/" + name; }
+    std::string Path() const { return FDir.path().toStdString(); }
 
 private:
-    std::string FPath;
+    QTemporaryDir FDir;
 };
 
 // Records what a pass shows.
@@ -305,16 +294,14 @@ TEST_F(ManagerLogic, ClearEmptiesFormReferencesAndUnsetsItemReferences)
 
     // Each package holding sets or privileges is told once per run, so the
     // run is one step of its form's undo history.
-    std::vector<TComponent*> told;
-    const TQzDesignerModifiedHook previous =
-        SetQzDesignerModifiedHook([&](TComponent* owner) { told.push_back(owner); });
     std::vector<const TQzTokenRec1*> items;
     for (const TQzTokenRec2& row : rows)
         if (row.Source != TQzHitSource::Form)
             items.push_back(&row);
     ASSERT_GE(items.size(), 2u);
+    TQzMarkedLog marks;
     logic.Clear(items);
-    SetQzDesignerModifiedHook(previous);
+    const std::vector<TComponent*> told = marks.Marked;
     std::vector<TComponent*> distinct = told;
     std::sort(distinct.begin(), distinct.end());
     distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());

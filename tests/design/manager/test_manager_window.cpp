@@ -15,13 +15,12 @@
 #include "vcl/QzListModel.h"
 #include "vcl/QzListView.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
 #include "rtl/TypInfo.h"
 
-#include <QAction>
 #include <QComboBox>
 #include <QElapsedTimer>
 #include <QFile>
@@ -39,43 +38,17 @@
 
 namespace {
 
-const char* const Alpha = R"(object Alpha: TQzCForm
-  Caption = 'Alpha'
-  object Label1: TQzLabel
-    Caption.PkgName = 'DEMO'
-    Caption.Id = 5
-  end
-  object Label2: TQzLabel
-    Caption.PkgName = 'DEMO'
-    Caption.Id = 5
-  end
-  object Label3: TQzLabel
-    Caption.PkgName = 'DEMO'
-    Caption.Id = 6
-  end
-end
-)";
-
-const char* const Beta = R"(object Beta: TQzCForm
-  Caption = 'Beta'
-  object Label4: TQzLabel
-    Caption.PkgName = 'demo'
-    Caption.Id = 5
-  end
-  object Label5: TQzLabel
-    Caption.PkgName = 'OTHER'
-    Caption.Id = 5
-  end
-end
-)";
-
-TFrManager* Manager(QWidget* window)
+// A form of labels, each caption naming a package and an Id.
+std::string FormOf(const std::string& name, std::initializer_list<std::tuple<const char*, const char*, int>> labels)
 {
-    auto* manager = qobject_cast<TFrManager*>(window);
-    if (!manager)
-        throw TQzDriverError("the active window is not the packages manager");
-    return manager;
+    std::string text = "object " + name + ": TQzCForm\n  Caption = '" + name + "'\n";
+    for (const auto& [label, pkg, id] : labels)
+        text += std::string("  object ") + label + ": TQzLabel\n    Caption.PkgName = '" + pkg +
+                "'\n    Caption.Id = " + std::to_string(id) + "\n  end\n";
+    return text + "end\n";
 }
+
+TFrManager* Manager(QWidget* window) { return QzWindowAs<TFrManager>(window); }
 
 // The passes of these forms are short; letting events through during one
 // would let the driver's next step run on the progress window.
@@ -103,17 +76,18 @@ protected:
     {
         Scope.reset();
         Project.reset();
-        Write("Alpha.dfm", Alpha);
-        Write("Beta.dfm", Beta);
+        // Package names compare without regard to case.
+        Write("Alpha.dfm", FormOf("Alpha", {{"Label1", "DEMO", 5}, {"Label2", "DEMO", 5}, {"Label3", "DEMO", 6}}));
+        Write("Beta.dfm", FormOf("Beta", {{"Label4", "demo", 5}, {"Label5", "OTHER", 5}}));
         Project = std::make_unique<TFolderProject>(Path("").toStdString());
         Scope = std::make_unique<TProjectServicesScope>(Project.get());
     }
 
-    void Write(const QString& name, const char* text)
+    void Write(const QString& name, const std::string& text)
     {
         QFile file(Path(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
+        file.write(text.data(), static_cast<qint64>(text.size()));
     }
     QString Path(const QString& name) const { return FDir.filePath(name); }
     QByteArray Bytes(const QString& name) const
@@ -324,13 +298,8 @@ TEST_F(ManagerWindow, WhatEachKindShows)
         const char* IdLabel;
         bool Package;
     } cases[] = {
-        {TQzDlgManager::SetsBackGround, "Packages Manager (SetsBackGround)", "Name:", false},
         {TQzDlgManager::SetsColor, "Packages Manager (SetsColor)", "Name:", false},
-        {TQzDlgManager::SetsFont, "Packages Manager (SetsFont)", "Name:", false},
         {TQzDlgManager::Images, "Packages Manager (Images)", "Id:", true},
-        {TQzDlgManager::Labels, "Packages Manager (Labels)", "Id:", true},
-        {TQzDlgManager::Texts, "Packages Manager (Texts)", "Id:", true},
-        {TQzDlgManager::Messages, "Packages Manager (Messages)", "Id:", true},
         {TQzDlgManager::Privileges, "Packages Manager (Privileges)", "Id:", false},
     };
     for (const auto& c : cases) {
