@@ -12,14 +12,11 @@ void TRgHolder::DeclareProperties(TClassBuilder<TRgHolder>& b)
     b.Property("Text", [](TRgHolder& h) { return &h.FText; });
     b.Property("Image", [](TRgHolder& h) { return &h.FImage; });
     b.Property("SetFont", [](TRgHolder& h) { return &h.FSetFont; });
-    b.Property("SetBackGround", [](TRgHolder& h) { return &h.FSetBackGround; });
     b.Property("SetColor", [](TRgHolder& h) { return &h.FSetColor; });
     b.Property("Privilege", [](TRgHolder& h) { return &h.FPrivilege; });
     b.Property("Mask", [](TRgHolder& h) { return &h.FMask; });
     b.Property("Lines", TypeInfo_TQzMultiLine(), &TRgHolder::FLines);
     b.Property("ModalResult", &TRgHolder::FModalResult);
-    b.Property("Width", &TRgHolder::FWidth);
-    b.Property("GraphicClass", &TRgHolder::FGraphicClass);
     b.Property("PkgName", &TRgHolder::FPkgName);
     b.Property("Path", &TRgHolder::FPath);
     b.Property("DataSource", &TRgHolder::FDataSource);
@@ -27,7 +24,6 @@ void TRgHolder::DeclareProperties(TClassBuilder<TRgHolder>& b)
     b.Property("Value", &TRgHolder::FValue);
     b.Enum("DataType", TypeInfo_TQzDataType(), &TRgHolder::FDataType, nullptr, qdtString);
     b.Enum("InitMode", TypeInfo_TQzRegisterInitMode(), &TRgHolder::FInitMode, nullptr, imDFM);
-    b.Property("Partner", &TRgHolder::FPartner);
 }
 
 void TRgMasked::DeclareProperties(TClassBuilder<TRgMasked>& b)
@@ -69,27 +65,4 @@ std::vector<AnsiString> ValuesOf(TPropertyEditor& editor)
     std::vector<AnsiString> values;
     editor.GetValues([&](const AnsiString& v) { values.push_back(v); });
     return values;
-}
-
-std::vector<AnsiString> VerbsOf(TComponentEditor& editor)
-{
-    std::vector<AnsiString> verbs;
-    for (int i = 0; i < editor.GetVerbCount(); ++i)
-        verbs.push_back(editor.GetVerb(i));
-    return verbs;
-}
-
-AnsiString AttributesText(TPropertyAttributes attributes)
-{
-    static const char* const names[] = {"paValueList", "paSubProperties", "paDialog", "paMultiSelect", "paAutoUpdate",
-                                        "paSortList", "paReadOnly", "paRevertable"};
-    AnsiString text;
-    for (int i = 0; i < static_cast<int>(std::size(names)); ++i)
-        if (attributes.Contains(static_cast<TPropertyAttribute>(i)))
-            text += (text.empty() ? "" : ",") + AnsiString(names[i]);
-    // The rarer attributes by number, so none goes unnoticed.
-    for (int i = static_cast<int>(std::size(names)); i <= paValueEditable; ++i)
-        if (attributes.Contains(static_cast<TPropertyAttribute>(i)))
-            text += ",#" + IntToStr(i);
-    return text;
 }

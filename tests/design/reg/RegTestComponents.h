@@ -4,12 +4,14 @@
 // helpers that build an editor over some of them as the inspector does.
 
 #include "designide/DesignEditors.h"
+#include "design/reg/QzEditorDialogs.h"
 #include "designide/FormDesigner.h"
 #include "runtime/model/QzMask.h"
 #include "runtime/model/QzMemory.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -24,18 +26,15 @@ public:
     TQzMemoryText FText;
     TQzMemoryImage FImage;
     TQzSetFont FSetFont;
-    TQzSetBackGround FSetBackGround;
     TQzSetColor FSetColor;
     TQzPrivilege FPrivilege;
     TQzMask FMask;
     AnsiString FLines;   // a TQzMultiLine
     Integer FModalResult = 0;
-    Integer FWidth = 1;
-    AnsiString FPkgName, FPath, FDataSource, FDataField, FGraphicClass;
+    AnsiString FPkgName, FPath, FDataSource, FDataField;
     Variant FValue;
     TQzDataType FDataType = qdtString;
     TQzRegisterInitMode FInitMode = imDFM;
-    TComponent* FPartner = nullptr;
 
 private:
     static void DeclareProperties(TClassBuilder<TRgHolder>& b);
@@ -93,6 +92,19 @@ protected:
 };
 
 std::vector<AnsiString> ValuesOf(TPropertyEditor& editor);
-std::vector<AnsiString> VerbsOf(TComponentEditor& editor);
-// "paDialog,paReadOnly": an attribute set as text, in declaration order.
-AnsiString AttributesText(TPropertyAttributes attributes);
+
+// A window in place of an editor's dialog: records what it was given, acts
+// on its target as the test says, and answers `result`.
+struct TFakeDialog {
+    TFakeDialog(TQzEditorDialog kind, int result = 1, std::function<void(TQzEditorDialogRequest&)> act = {})
+        : Scope(kind, [this, result, act](TQzEditorDialogRequest& r) {
+              Requests.push_back(r);
+              if (act)
+                  act(r);
+              return result;
+          })
+    {
+    }
+    std::vector<TQzEditorDialogRequest> Requests;
+    TQzEditorDialogScope Scope;
+};

@@ -19,21 +19,6 @@
 
 namespace {
 
-// Answers `result` after acting on the request; keeps what it was given.
-struct TFakeWindow {
-    TFakeWindow(TQzEditorDialog kind, int result, std::function<void(TQzEditorDialogRequest&)> act = {})
-        : Scope(kind, [this, result, act](TQzEditorDialogRequest& r) {
-              Requests.push_back(r);
-              if (act)
-                  act(r);
-              return result;
-          })
-    {
-    }
-    std::vector<TQzEditorDialogRequest> Requests;
-    TQzEditorDialogScope Scope;
-};
-
 class ControlEditors : public ::testing::Test {
 protected:
     ControlEditors()
@@ -68,13 +53,13 @@ TEST_F(ControlEditors, TextsAndMasksAreEditedInTheirDialogsAndWrittenToAll)
     a.FLines = "first\r\nsecond";
     auto lines = On<TQzMultiLinePropertyEditor>({&a, &b}, "Lines");
     {
-        TFakeWindow cancelled(TQzEditorDialog::MultiLine, 2, [](TQzEditorDialogRequest& r) { r.Text = "lost"; });
+        TFakeDialog cancelled(TQzEditorDialog::MultiLine, 2, [](TQzEditorDialogRequest& r) { r.Text = "lost"; });
         lines->Edit();
         EXPECT_EQ(cancelled.Requests.at(0).Caption, "Property: Lines");
         EXPECT_EQ(cancelled.Requests.at(0).Text, "first\r\nsecond");
         EXPECT_EQ(a.FLines, "first\r\nsecond");
     }
-    TFakeWindow accepted(TQzEditorDialog::MultiLine, 1, [](TQzEditorDialogRequest& r) { r.Text = "one\r\ntwo"; });
+    TFakeDialog accepted(TQzEditorDialog::MultiLine, 1, [](TQzEditorDialogRequest& r) { r.Text = "one\r\ntwo"; });
     lines->Edit();
     EXPECT_EQ(b.FLines, "one\r\ntwo");
 
@@ -85,7 +70,7 @@ TEST_F(ControlEditors, TextsAndMasksAreEditedInTheirDialogsAndWrittenToAll)
     editor->SetValue("N;##0.00;_");
     EXPECT_EQ(mask(e2)->Text(), "N;##0.00;_");
     EXPECT_TRUE(editor->AllEqual());
-    TFakeWindow window(TQzEditorDialog::Mask, 1, [](TQzEditorDialogRequest& r) {
+    TFakeDialog window(TQzEditorDialog::Mask, 1, [](TQzEditorDialogRequest& r) {
         dynamic_cast<TQzMask*>(r.Target)->SetDataType(qdtFloat);
     });
     editor->Edit();
@@ -102,7 +87,7 @@ TEST_F(ControlEditors, CollectionsAndMenusShowTheirSummaryAndOpenTheirEditor)
             combo->Items()->Add();
         EXPECT_EQ(items->GetValue(), shown);
     }
-    TFakeWindow collection(TQzEditorDialog::Collection, 1);
+    TFakeDialog collection(TQzEditorDialog::Collection, 1);
     items->Edit();
     EXPECT_EQ(collection.Requests.at(0).Caption, "Editing QzComboBox1.Items");
     EXPECT_EQ(collection.Requests.at(0).Target, combo->Items());
@@ -110,7 +95,7 @@ TEST_F(ControlEditors, CollectionsAndMenusShowTheirSummaryAndOpenTheirEditor)
     auto* menu = Create<TQzMainMenu>();
     auto menuItems = On<TQzMainMenuPropertyEditor>({menu}, "Items");
     EXPECT_EQ(menuItems->GetValue(), "(Menu)");
-    TFakeWindow menus(TQzEditorDialog::Menus, 1);
+    TFakeDialog menus(TQzEditorDialog::Menus, 1);
     menuItems->Edit();
     EXPECT_EQ(menus.Requests.at(0).Component, menu);
 }

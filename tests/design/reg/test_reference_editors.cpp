@@ -15,22 +15,6 @@
 
 namespace {
 
-// A window in place of a dialog: records what it was given, acts on its
-// target as the test says, and answers Result.
-struct TFakeDialog {
-    TFakeDialog(TQzEditorDialog kind, int result = 1, std::function<void(TQzEditorDialogRequest&)> act = {})
-        : Scope(kind, [this, result, act](TQzEditorDialogRequest& r) {
-              Requests.push_back(r);
-              if (act)
-                  act(r);
-              return result;
-          })
-    {
-    }
-    std::vector<TQzEditorDialogRequest> Requests;
-    TQzEditorDialogScope Scope;
-};
-
 class ReferenceEditors : public THolderFormTest {
 protected:
     ReferenceEditors()
