@@ -5,47 +5,35 @@
 
 #include <gtest/gtest.h>
 
-namespace {
+#include <utility>
+#include <vector>
 
-struct TIdent {
-    const TTypeInfo* Type;
-    const char* Name;
-    Int64 Value;
-};
+namespace {
 
 // Values as the class library numbers them (system colours 0xFF0000nn).
 TEST(Identifiers, NamesAndValuesMatchTheClassLibrary)
 {
-    const TIdent idents[] = {
-        {TypeInfo_TGraphicsColor(), "clBtnFace", -16777201},
-        {TypeInfo_TGraphicsColor(), "clWindow", -16777211},
-        {TypeInfo_TGraphicsColor(), "clWindowText", -16777208},
-        {TypeInfo_TGraphicsColor(), "clHighlight", -16777203},
-        {TypeInfo_TGraphicsColor(), "clInfoBk", -16777192},
-        {TypeInfo_TGraphicsColor(), "clMenuBar", -16777186},
-        {TypeInfo_TGraphicsColor(), "clNavy", 0x800000},
-        {TypeInfo_TGraphicsColor(), "clRed", 0x0000FF},
-        {TypeInfo_TGraphicsColor(), "clSkyBlue", 0xF0CAA6},
-        {TypeInfo_TGraphicsColor(), "clNone", 0x1FFFFFFF},
-        {TypeInfo_TGraphicsColor(), "clDefault", 0x20000000},
-        {TypeInfo_TCursor(), "crDefault", 0},
-        {TypeInfo_TCursor(), "crArrow", -2},
-        {TypeInfo_TCursor(), "crIBeam", -4},
-        {TypeInfo_TCursor(), "crHSplit", -14},
-        {TypeInfo_TCursor(), "crSQLWait", -17},
-        {TypeInfo_TCursor(), "crHandPoint", -21},
-        {TypeInfo_TFontCharset(), "ANSI_CHARSET", 0},
-        {TypeInfo_TFontCharset(), "DEFAULT_CHARSET", 1},
-        {TypeInfo_TFontCharset(), "GB2312_CHARSET", 134},
-        {TypeInfo_TFontCharset(), "RUSSIAN_CHARSET", 204},
-        {TypeInfo_TFontCharset(), "OEM_CHARSET", 255},
+    const struct {
+        const TTypeInfo* Type;
+        std::vector<std::pair<const char*, Int64>> Idents;
+    } tables[] = {
+        {TypeInfo_TGraphicsColor(),
+         {{"clBtnFace", -16777201}, {"clWindow", -16777211}, {"clWindowText", -16777208}, {"clHighlight", -16777203},
+          {"clInfoBk", -16777192}, {"clMenuBar", -16777186}, {"clNavy", 0x800000}, {"clRed", 0x0000FF},
+          {"clSkyBlue", 0xF0CAA6}, {"clNone", 0x1FFFFFFF}, {"clDefault", 0x20000000}}},
+        {TypeInfo_TCursor(),
+         {{"crDefault", 0}, {"crArrow", -2}, {"crIBeam", -4}, {"crHSplit", -14}, {"crSQLWait", -17}, {"crHandPoint", -21}}},
+        {TypeInfo_TFontCharset(),
+         {{"ANSI_CHARSET", 0}, {"DEFAULT_CHARSET", 1}, {"GB2312_CHARSET", 134}, {"RUSSIAN_CHARSET", 204},
+          {"OEM_CHARSET", 255}}},
     };
-    for (const TIdent& ident : idents) {
-        Int64 value = 0;
-        EXPECT_TRUE(IdentToInt(ident.Type, ident.Name, value)) << ident.Name;
-        EXPECT_EQ(value, ident.Value) << ident.Name;
-        EXPECT_EQ(IntToIdent(ident.Type, ident.Value), ident.Name);
-    }
+    for (const auto& table : tables)
+        for (const auto& [name, expected] : table.Idents) {
+            Int64 value = 0;
+            EXPECT_TRUE(IdentToInt(table.Type, name, value)) << name;
+            EXPECT_EQ(value, expected) << name;
+            EXPECT_EQ(IntToIdent(table.Type, expected), name);
+        }
 }
 
 // Where two names share a value, forms get the one the class library writes.
