@@ -253,12 +253,4 @@ TEST(Component, KeepsStreamInfoAndNamePath)
     EXPECT_TRUE(freed);
 }
 
-TEST(Component, RtlClassesRegisterOnce)
-{
-    RegisterRtlClasses();
-    RegisterRtlClasses();
-    for (const char* name : {"TPersistent", "TComponent", "TCollection", "TCollectionItem"})
-        EXPECT_EQ(FindClass(name)->ClassName(), name);
-}
-
 }  // namespace

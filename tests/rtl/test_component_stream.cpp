@@ -256,11 +256,8 @@ TEST(ComponentStream, KnownPropertiesAreAppliedAndTheRestKept)
     ASSERT_NE(frame, nullptr);
     EXPECT_TRUE(frame->ComponentState().Contains(csInline));
     EXPECT_NE(frame->FindComponent("Label1"), nullptr);
-}
 
-TEST(ComponentStream, AnUnchangedFormIsWrittenBackByteForByte)
-{
-    auto form = Load(MixedForm);
+    // Unchanged, it is written back byte for byte.
     EXPECT_EQ(WriteFormText(form.get(), Lf()), MixedForm);
 }
 
