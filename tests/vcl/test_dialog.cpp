@@ -176,7 +176,7 @@ TEST_F(PlacementTest, NeverPlacedWindowsOpenCentred)
     EXPECT_TRUE(tracker.Current().IsPlaced());
 }
 
-TEST_F(PlacementTest, StoredBoundsAreUsedAndChangesAreNoticed)
+TEST_F(PlacementTest, StoredBoundsAreUsedKeptOnScreenAndChangesAreNoticed)
 {
     const TQzWindowPlacement stored{20, 30, 320, 240, wsNormal};
     QWidget window;
@@ -189,14 +189,12 @@ TEST_F(PlacementTest, StoredBoundsAreUsedAndChangesAreNoticed)
     window.move(60, 70);
     EXPECT_TRUE(tracker.Changed());
     EXPECT_EQ(tracker.Current(), (TQzWindowPlacement{60, 70, 320, 240, wsNormal}));
-}
 
-TEST_F(PlacementTest, StoredBoundsOffScreenAreBroughtBack)
-{
-    QWidget window;
-    TQzPlacementTracker tracker(&window, TQzWindowPlacement{4000, 3000, 320, 240, wsNormal});
-    EXPECT_TRUE(ScreenArea().contains(QRect(window.pos(), window.size())));
-    EXPECT_TRUE(tracker.Changed());  // the corrected placement is the one to store
+    // Off screen they are brought back, and that placement is the one to store.
+    QWidget lost;
+    TQzPlacementTracker brought(&lost, TQzWindowPlacement{4000, 3000, 320, 240, wsNormal});
+    EXPECT_TRUE(ScreenArea().contains(QRect(lost.pos(), lost.size())));
+    EXPECT_TRUE(brought.Changed());
 }
 
 TEST_F(PlacementTest, AMaximizedWindowKeepsItsNormalBounds)

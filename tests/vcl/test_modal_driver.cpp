@@ -13,6 +13,8 @@
 
 #include <gtest/gtest-spi.h>
 
+#include <functional>
+
 namespace {
 
 class ModalDriverTest : public TQzGuiTest {};
@@ -42,55 +44,42 @@ TEST_F(ModalDriverTest, FollowsANestedModalWindowAndComesBack)
     EXPECT_EQ(dialog.EdName->text(), "after");
 }
 
-TEST_F(ModalDriverTest, AMissingControlFailsAndClosesTheWindow)
+// Each mistake fails the test and the dialog ends as Escape would end it.
+TEST_F(ModalDriverTest, ABrokenScriptFailsInsteadOfHanging)
 {
-    TSampleDialog dialog;
-    TModalResult result = mrNone;
-    EXPECT_NONFATAL_FAILURE(
-        {
-            TQzModalDriver driver;
-            driver.SetText("EdMissing", "x").Click("BtOk");
-            result = dialog.Execute();
-        },
-        "cannot set the text of EdMissing: no control \"EdMissing\"");
-    EXPECT_EQ(result, mrCancel);
-}
-
-TEST_F(ModalDriverTest, ADisabledButtonCannotBeClicked)
-{
-    TSampleDialog dialog;
-    dialog.BtOk->setEnabled(false);
-    EXPECT_NONFATAL_FAILURE(
-        {
-            TQzModalDriver driver;
-            driver.Click("BtOk");
-            dialog.Execute();
-        },
-        "button \"BtOk\" is disabled");
-}
-
-TEST_F(ModalDriverTest, AWindowLeftOpenTimesOut)
-{
-    TSampleDialog dialog;
-    TModalResult result = mrNone;
-    EXPECT_NONFATAL_FAILURE(
-        {
-            TQzModalDriver driver(200);
-            driver.SetText("EdName", "x");
-            result = dialog.Execute();
-        },
-        "\"Sample\" was still open after the last step");
-    EXPECT_EQ(result, mrCancel);
-}
-
-TEST_F(ModalDriverTest, StepsThatNeverRanAreReported)
-{
-    EXPECT_NONFATAL_FAILURE(
-        {
-            TQzModalDriver driver;
-            driver.Click("BtOk");
-        },
-        "1 step(s) never ran, first: click BtOk");
+    const struct {
+        const char* Failure;
+        int TimeoutMs;
+        std::function<void(TQzModalDriver&, TSampleDialog&)> Script;
+        bool Execute;   // false: no window ever opens
+    } cases[] = {
+        {"cannot set the text of EdMissing: no control \"EdMissing\"", 10000,
+         [](TQzModalDriver& d, TSampleDialog&) { d.SetText("EdMissing", "x").Click("BtOk"); }, true},
+        {"button \"BtOk\" is disabled", 10000,
+         [](TQzModalDriver& d, TSampleDialog& dialog) {
+             dialog.BtOk->setEnabled(false);
+             d.Click("BtOk");
+         },
+         true},
+        {"\"Sample\" was still open after the last step", 200,
+         [](TQzModalDriver& d, TSampleDialog&) { d.SetText("EdName", "x"); }, true},
+        {"1 step(s) never ran, first: click BtOk", 10000, [](TQzModalDriver& d, TSampleDialog&) { d.Click("BtOk"); },
+         false},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Failure);
+        TSampleDialog dialog;
+        TModalResult result = mrCancel;
+        EXPECT_NONFATAL_FAILURE(
+            {
+                TQzModalDriver driver(c.TimeoutMs);
+                c.Script(driver, dialog);
+                if (c.Execute)
+                    result = dialog.Execute();
+            },
+            c.Failure);
+        EXPECT_EQ(result, mrCancel);
+    }
 }
 
 TEST_F(ModalDriverTest, ScreenshotsAreWrittenAsPng)
