@@ -7,8 +7,8 @@
 #include "runtime/model/QzApplication.h"
 #include "runtime/pictures/QzGraphicFormats.h"
 #include "runtime/pictures/QzPicture.h"
+#include "runtime/pictures/QzPng.h"
 
-#include <QBuffer>
 #include <QImage>
 
 #include <gtest/gtest.h>
@@ -17,21 +17,12 @@
 
 namespace {
 
-std::string Png(int width, int height, QRgb colour = qRgb(0, 0, 255))
-{
-    QImage picture(width, height, QImage::Format_RGB32);
-    picture.fill(colour);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, "PNG");
-    return bytes.toStdString();
-}
-
 TQzPkgImagesImage* AddPicture(TQzPkgImages& package, Integer id, int width = 16, int height = 8)
 {
+    QImage picture(width, height, QImage::Format_RGB32);
+    picture.fill(Qt::blue);
     TQzPkgImagesImage* image = package.Images()->Add(id);
-    TQzPicture(image).LoadFromBytes(Png(width, height), "test.png");
+    TQzPicture(image).LoadFromBytes(QzPicturePng(picture).toStdString(), "test.png");
     return image;
 }
 

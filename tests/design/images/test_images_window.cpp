@@ -12,15 +12,13 @@
 #include "runtime/files/QzPkgFiles.h"
 #include "runtime/model/QzApplication.h"
 #include "runtime/pictures/QzPicture.h"
-#include "runtime/util/QzDesigner.h"
+#include "runtime/pictures/QzPng.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
-#include <QAction>
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -40,11 +38,7 @@ std::string Png(int side)
 {
     QImage picture(side, side, QImage::Format_RGB32);
     picture.fill(qRgb(side * 3 % 256, 90, 200));
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    picture.save(&buffer, "PNG");
-    return bytes.toStdString();
+    return QzPicturePng(picture).toStdString();
 }
 
 void Fill(TQzPkgImages& package, std::initializer_list<Integer> ids)
@@ -61,13 +55,7 @@ std::vector<Integer> Ids(const TQzPkgImages& package)
     return ids;
 }
 
-TFrPkgImages* Editor(QWidget* w)
-{
-    auto* form = qobject_cast<TFrPkgImages*>(w);
-    if (!form)
-        throw TQzDriverError("the images editor is not the active window");
-    return form;
-}
+TFrPkgImages* Editor(QWidget* w) { return QzWindowAs<TFrPkgImages>(w); }
 
 QString Status(QWidget* w)
 {
@@ -84,12 +72,7 @@ protected:
         FPackage = new TQzPkgImages(FForm.get());
         FPackage->SetPkgName("Icons");
         Fill(*FPackage, {12, 3, 7});
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent* owner) {
-            EXPECT_EQ(owner, FForm.get());
-            ++FModified;
-        });
     }
-    void TearDown() override { SetQzDesignerModifiedHook(FPrevious); }
 
     TModalResult Run(TQzModalDriver& driver, TQzPkgImages* package = nullptr)
     {
@@ -104,8 +87,7 @@ protected:
 
     std::unique_ptr<TComponent> FForm;
     TQzPkgImages* FPackage = nullptr;  // owned by the form
-    int FModified = 0;
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
     QTemporaryDir FDir;
 };
 
@@ -206,7 +188,7 @@ TEST_F(ImagesWindow, DeletingAsksAndPassesTheSelectionOnThenClearAllEmptiesThePa
               })
         .Then("refill", [this](QWidget*) { Fill(*FPackage, {1, 2}); })
         .Click("BtClear")
-        .Then("three deletes and the clear are marked", [this](QWidget*) { EXPECT_EQ(FModified, 4); })
+        .Then("three deletes and the clear are marked", [this](QWidget*) { EXPECT_EQ(FMarks.Marked, std::vector<TComponent*>(4, FForm.get())); })
         .Click("BtOk");
     Run(driver);
     EXPECT_TRUE(FPackage->Images()->Count() == 0);
@@ -299,7 +281,7 @@ TEST_F(ImagesWindow, ADamagedPackageFileIsRefusedAndThePackageKept)
     dialogs->AnswerOpen({name}).AnswerMessage(mbOK);
     TQzModalDriver driver;
     driver.Click("BtLoadFrom")
-        .Then("nothing marked modified", [this](QWidget*) { EXPECT_EQ(FModified, 0); })
+        .Then("nothing marked modified", [this](QWidget*) { EXPECT_EQ(FMarks.Count(), 0); })
         .Click("BtOk");
     Run(driver);
     EXPECT_EQ(Ids(*FPackage), (std::vector<Integer>{3, 7, 12}));
@@ -377,7 +359,7 @@ TEST_F(ImagesWindow, ImportFillsFreeIdsFromTheIdAsked)
 TEST_F(ImagesWindow, ThePlacementIsKeptInThePackageAndMarkedUnlessEmbedded)
 {
     for (const bool embedded : {false, true}) {
-        FModified = 0;
+        FMarks.Marked.clear();
         TQzModalDriver driver;
         driver
             .Then("move",
@@ -393,7 +375,7 @@ TEST_F(ImagesWindow, ThePlacementIsKeptInThePackageAndMarkedUnlessEmbedded)
         EXPECT_EQ(before.IsPlaced(), embedded) << "a new package was never placed";
         form.Execute();
         EXPECT_FALSE(FPackage->Placement() == before) << embedded;
-        EXPECT_EQ(FModified, embedded ? 0 : 1) << embedded;
+        EXPECT_EQ(FMarks.Count(), embedded ? 0 : 1) << embedded;
     }
 }
 
@@ -435,7 +417,6 @@ TEST_F(ImagesWindow, TheDemoProjectsImagesOpen)
     auto* package = dynamic_cast<TQzPkgImages*>(main->FindComponent("PkgImages"));
     ASSERT_NE(package, nullptr);
     EXPECT_EQ(Ids(*package), (std::vector<Integer>{1, 2, 3, 4, 5, 6}));
-    SetQzDesignerModifiedHook([](TComponent*) {});
     TQzPkgImages source(nullptr);
     Fill(source, {20, 21, 22});
     source.SaveToFile(Path("more.pim").toStdString());
