@@ -360,6 +360,7 @@ TEST_F(TIdeClipboardTest, KeysEditMenuAndContextMenuOfferTheClipboard)
             texts << a->text().remove('&');
     const QStringList commands{"Cut", "Copy", "Paste", "Delete", "Select All"};
     EXPECT_EQ(texts.mid(texts.size() - commands.size()), commands) << texts.join(", ").toStdString();
+    EXPECT_FALSE(Surface(Main())->ExecuteVerb(Find("EditCity"), 99)) << "no such verb";
     Select({"EditCity"});
     for (QAction* a : menu.actions())
         if (a->text().remove('&') == "Cut")

@@ -1,6 +1,6 @@
 // Changing forms: the inspector's editors (typed, chosen from a list, set
 // elements, several components, revert, filter), the surface's mouse and
-// keys, the palette, component editors; undo and redo of each; saving.
+// keys, the palette, a double-click; undo and redo of each; saving.
 
 #include "IdeFixture.h"
 
@@ -253,27 +253,6 @@ TEST_F(TIdeEditingTest, EveryChangeUndoesAndRedoes)
         EXPECT_TRUE(c.Changed(d));
         FWindow->UndoGroup()->undo();
     }
-}
-
-TEST_F(TIdeEditingTest, ComponentEditorVerbs)
-{
-    TQzDesignSurface* s = Surface(Main());
-    const QStringList appVerbs = s->Verbs(Find("QzCApplication1"));
-    ASSERT_FALSE(appVerbs.isEmpty());
-    EXPECT_EQ(appVerbs.front(), "About QzControls ...");
-    const QStringList pkgVerbs = s->Verbs(Find("PkgStrings"));
-    ASSERT_EQ(pkgVerbs.size(), 1);
-    // The package list opens beside the designer without a word and
-    // without changing the form.
-    const std::string before = Main()->Snapshot();
-    EXPECT_TRUE(s->ExecuteVerb(Find("PkgStrings"), 0));
-    ASSERT_NE(FrPkgStringsActive, nullptr);
-    EXPECT_TRUE(FrPkgStringsActive->isVisible());
-    EXPECT_TRUE(FDialogs->Script().Calls().empty());
-    EXPECT_EQ(Main()->Snapshot(), before);
-    EXPECT_EQ(Main()->UndoStack()->count(), 0);
-    FrPkgStringsActive->close();
-    EXPECT_FALSE(s->ExecuteVerb(Find("PkgStrings"), 5));   // no such verb
 }
 
 TEST_F(TIdeEditingTest, SaveWritesChangedFormsInTheirFormatsWithBackups)

@@ -219,20 +219,11 @@ TEST_F(TIdeKeepsWorkTest, PastedCopiesComeLastInTheTabOrder)
         EXPECT_EQ(order(name.c_str()), tabOrder) << name;
 }
 
-// While the host runs, the runtime is in design mode, a package editor's
-// change marks the form owning the package, and the runtime's broadcast
-// tells open package windows when a form changed.
+// While the host runs, the runtime is in design mode, and the runtime's
+// broadcast tells open package windows when a form changed.
 TEST_F(TIdeKeepsWorkTest, TheRuntimesDesignHooksAreInstalled)
 {
     EXPECT_TRUE(QzDesignMode);
-
-    TComponent* strings = Find("PkgStrings");
-    ASSERT_FALSE(Main()->IsModified());
-    QzDesignerModified(strings->Owner());
-    EXPECT_TRUE(Main()->IsModified());
-    EXPECT_TRUE(MainTabMarked());
-    Main()->Form().ClearModified();
-
     std::vector<int> messages;
     const int listener = AddQzFormsListener([&](int message) { messages.push_back(message); });
     SetProperty("PkgStrings", "PkgName", "OTHER");
@@ -253,8 +244,9 @@ TEST_F(TIdeKeepsWorkTest, TheRuntimesDesignHooksAreInstalled)
 }
 
 // A package editor changes its package in place and tells the designer
-// through the runtime's hook: that change is a step of its own, so no undo
-// takes it back unseen and undoing it returns to the saved form.
+// through the runtime's hook: that marks the form, and the change is a step
+// of its own, so no undo takes it back unseen and undoing it returns to the
+// saved form.
 TEST_F(TIdeKeepsWorkTest, APackageEditorsChangeIsAStepOfItsOwn)
 {
     SetProperty("PkgStrings", "PkgName", "SAVED");
@@ -266,6 +258,7 @@ TEST_F(TIdeKeepsWorkTest, APackageEditorsChangeIsAStepOfItsOwn)
     SetStrProp(strings, "PkgName", "EDITED");
     QzDesignerModified(strings->Owner());
     EXPECT_TRUE(Main()->IsModified());
+    EXPECT_TRUE(MainTabMarked());
     ASSERT_EQ(undo->count(), 2);
     EXPECT_EQ(undo->undoText(), "Package Change");
 

@@ -101,32 +101,16 @@ TEST_F(TIdePagesTest, ATabShowsItsSheetAsOneUndoableStep)
 TEST_F(TIdePagesTest, PagesOfUnknownControlsAreShownWithoutChangingTheForm)
 {
     TIdeDesigner* d = OpenForm(
-        "object Paged: TForeignForm\r\n"
-        "  ClientWidth = 300\r\n"
-        "  ClientHeight = 200\r\n"
-        "  object Book1: TMyBook\r\n"
-        "    Left = 10\r\n"
-        "    Top = 10\r\n"
-        "    Width = 200\r\n"
-        "    Height = 120\r\n"
+        "object Paged: TForeignForm\r\n  ClientWidth = 300\r\n  ClientHeight = 200\r\n"
+        "  object Book1: TMyBook\r\n    Left = 10\r\n    Top = 10\r\n    Width = 200\r\n    Height = 120\r\n"
         "    ActivePage = Sheet1\r\n"
         // A page control by its ActivePage; its sheets store no size.
-        "    object Sheet1: TMyTabSheet\r\n"
-        "      Caption = '&One'\r\n"
-        "      object Label1: TMyLabel\r\n"
-        "        Left = 8\r\n"
-        "        Top = 8\r\n"
-        "        Width = 40\r\n"
-        "        Height = 13\r\n"
+        "    object Sheet1: TMyTabSheet\r\n      Caption = '&One'\r\n"
+        "      object Label1: TMyLabel\r\n        Left = 8\r\n        Top = 8\r\n        Width = 40\r\n        Height = 13\r\n"
         "      end\r\n"
         "    end\r\n"
-        "    object Sheet2: TMyTabSheet\r\n"
-        "      Caption = 'Two'\r\n"
-        "      object Edit2: TMyEdit\r\n"
-        "        Left = 8\r\n"
-        "        Top = 40\r\n"
-        "        Width = 100\r\n"
-        "        Height = 21\r\n"
+        "    object Sheet2: TMyTabSheet\r\n      Caption = 'Two'\r\n"
+        "      object Edit2: TMyEdit\r\n        Left = 8\r\n        Top = 40\r\n        Width = 100\r\n        Height = 21\r\n"
         "      end\r\n"
         "    end\r\n"
         "  end\r\n"
@@ -167,14 +151,8 @@ TEST_F(TIdePagesTest, PagesOfUnknownControlsAreShownWithoutChangingTheForm)
 TEST_F(TIdePagesTest, AnOutlookBarsButtonShowsItsPageBetweenTheButtons)
 {
     TIdeDesigner* d = OpenForm(
-        "object Paged: TQzCForm\r\n"
-        "  ClientWidth = 300\r\n"
-        "  ClientHeight = 260\r\n"
-        "  object Bar1: TQzOutLookBar\r\n"
-        "    Left = 0\r\n"
-        "    Top = 0\r\n"
-        "    Width = 121\r\n"
-        "    Height = 241\r\n"
+        "object Paged: TQzCForm\r\n  ClientWidth = 300\r\n  ClientHeight = 260\r\n"
+        "  object Bar1: TQzOutLookBar\r\n    Left = 0\r\n    Top = 0\r\n    Width = 121\r\n    Height = 241\r\n"
         "    ActivePage = Page1\r\n" +
         OutlookPage("Page1", "Button1") + OutlookPage("Page2", "Button2") +
         "  end\r\n"
