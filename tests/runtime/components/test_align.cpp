@@ -89,7 +89,7 @@ TEST_F(Align, RowsThenColumnsThenTheClientInsideFramesBevelsAndTabs)
     pages->SetWidth(300);
     EXPECT_EQ(Box(sheet), (TBox{4, 24, 292, 165}));
 
-    // What the inspector sets on the frame places the inside at once.
+    // What the property grid sets on the frame places the inside at once.
     SetOrdProp(client, "BevelWidth", 3);
     SetOrdProp(client, "BevelInner", bvLowered);
     EXPECT_EQ(Box(inner), (TBox{6, 261, 286, 10}));
