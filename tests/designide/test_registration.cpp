@@ -25,7 +25,7 @@ TComponentEditorClass NamedComponentEditor(const AnsiString& name)
     return {name, [](TComponent*, IDesigner*) -> std::unique_ptr<TComponentEditor> { return nullptr; }};
 }
 
-TEST_F(Registration, EveryCallIsListedInOrderWithItsArguments)
+TEST_F(Registration, EveryCallIsListedInOrderWithItsArgumentsUntilCleared)
 {
     // Only the classes up to the last index count, as C++Builder passes them.
     TMetaClass* const editors[] = {ClassOf<TDtLabel>(), ClassOf<TDtTimer>(), ClassOf<TDtForm>()};
@@ -62,6 +62,12 @@ TEST_F(Registration, EveryCallIsListedInOrderWithItsArguments)
     EXPECT_EQ(DesignRegistry().FindPage("Dt Editors")->Classes.size(), 2u);
     EXPECT_TRUE(DesignRegistry().IsNoIcon(ClassOf<TDtBigFont>()));
     EXPECT_FALSE(DesignRegistry().IsNoIcon(ClassOf<TDtControl>()));
+
+    // Clearing forgets every kind of call.
+    ClearRegistrations();
+    const TDesignRegistry& r = DesignRegistry();
+    EXPECT_TRUE(r.Records().empty() && r.Pages().empty() && r.PropertyEditors().empty() && r.ComponentEditors().empty());
+    EXPECT_TRUE(!r.IsNoIcon(ClassOf<TDtBigFont>()) && !r.GroupOf(ClassOf<TDtTimer>()));
 }
 
 TEST_F(Registration, PalettePagesKeepTheirClassesInOrderAndAPageNamedAgainGrows)
@@ -107,9 +113,6 @@ TEST_F(Registration, EditorClassesAreNamedAfterTheirClassAndMakeThem)
     const std::unique_ptr<TComponentEditor> editor = component.Create(&timer, nullptr);
     EXPECT_NE(dynamic_cast<TDtOwnEditor*>(editor.get()), nullptr);
     EXPECT_EQ(editor->Component(), &timer);
-
-    RegisterPropertyEditor(TypeInfo_String(), nullptr, "", property);
-    EXPECT_EQ(DesignRegistry().Listing().back(), "RegisterPropertyEditor\tString\tnil\t\tTDtOwnProperty");
 }
 
 TEST_F(Registration, GroupsReachDescendantsAndTheLatestGroupingHolds)
@@ -121,20 +124,6 @@ TEST_F(Registration, GroupsReachDescendantsAndTheLatestGroupingHolds)
     GroupDescendentsWith(ClassOf<TDtButton>(), ClassOf<TDtTimer>());
     EXPECT_EQ(DesignRegistry().GroupOf(ClassOf<TDtButton>()), ClassOf<TDtTimer>());
     EXPECT_EQ(DesignRegistry().GroupOf(ClassOf<TDtLabel>()), ClassOf<TDtForm>());
-}
-
-TEST_F(Registration, ClearForgetsEverything)
-{
-    RegisterComponents("Dt", {ClassOf<TDtControl>()});
-    RegisterPropertyEditor(TypeInfo_Integer(), nullptr, "", NamedPropertyEditor("TDtIntProperty"));
-    RegisterComponentEditor(ClassOf<TDtForm>(), NamedComponentEditor("TDtFormEditor"));
-    RegisterNoIcon({ClassOf<TDtTimer>()});
-    GroupDescendentsWith(ClassOf<TDtTimer>(), ClassOf<TDtControl>());
-
-    ClearRegistrations();
-    const TDesignRegistry& r = DesignRegistry();
-    EXPECT_TRUE(r.Records().empty() && r.Pages().empty() && r.PropertyEditors().empty() && r.ComponentEditors().empty());
-    EXPECT_TRUE(!r.IsNoIcon(ClassOf<TDtTimer>()) && !r.GroupOf(ClassOf<TDtTimer>()));
 }
 
 TEST_F(Registration, NilArgumentsAreRefusedAndRecordNothing)
