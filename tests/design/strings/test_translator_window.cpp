@@ -289,4 +289,29 @@ TEST_F(TranslatorWindow, TheFilePickerListsTheMaskAndTakesANewName)
     }
 }
 
+// The messages and texts translators are built as the labels one is, each
+// over its own list and memos; only labels carry a hint in the Add dialog.
+TEST_F(TranslatorWindow, EachMemberNamesItsListMemosAndDialogs)
+{
+    struct Case {
+        std::unique_ptr<TFrPkgStringsTranslator> Window;
+        const char* Caption;
+        const char* List;
+        const char* Memo1;
+        const char* Memo2;
+    };
+    Case cases[] = {
+        {std::make_unique<TFrPkgStringsMessagesTranslator>(), "Messages Translator", "Messages", "MeMsg1", "MeMsg2"},
+        {std::make_unique<TFrPkgStringsTextsTranslator>(), "Texts Translator", "Texts", "MeText1", "MeText2"},
+    };
+    for (Case& c : cases) {
+        QWidget* w = c.Window.get();
+        EXPECT_EQ(w->windowTitle(), c.Caption);
+        for (const char* name : {c.List, c.Memo1, c.Memo2})
+            EXPECT_NE(w->findChild<QWidget*>(name), nullptr) << c.Caption << " has no " << name;
+    }
+    EXPECT_FALSE(TFrPkgStringsLabelsTranslatorAdd().EdHint2->isHidden());
+    EXPECT_TRUE(TFrPkgStringsTextsTranslatorAdd().EdHint2->isHidden());
+}
+
 }  // namespace
