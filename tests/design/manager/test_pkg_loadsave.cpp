@@ -9,6 +9,8 @@
 #include "runtime/model/QzPkgImages.h"
 #include "runtime/model/QzPkgStrings.h"
 
+#include "rtl/Streams.h"
+
 #include "support/gui/QzModalDriver.h"
 #include "support/gui/QzScreenshot.h"
 #include "support/gui/QzTestApp.h"
@@ -178,10 +180,7 @@ TEST_F(PkgLoadSave, RefusedFilesAndAnswersKeepTheDialogOpenAndThePackageAsItWas)
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Why);
-        const QByteArray before = [&] {
-            QFile f(QString::fromStdString(Path("good.pst")));
-            return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-        }();
+        const std::string before = ReadFileBytes(Path("good.pst"));
         TQzTestDialogs dialogs;
         dialogs->AnswerMessage(c.Answer);
         if (c.Answer == mbYes)
@@ -201,9 +200,7 @@ TEST_F(PkgLoadSave, RefusedFilesAndAnswersKeepTheDialogOpenAndThePackageAsItWas)
         if (c.Named) {
             EXPECT_NE(calls.back().Message.Text.find(c.File), AnsiString::npos) << calls.back().Message.Text;
         }
-        QFile f(QString::fromStdString(Path("good.pst")));
-        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-        EXPECT_EQ(f.readAll(), before);
+        EXPECT_EQ(ReadFileBytes(Path("good.pst")), before);
     }
 }
 
