@@ -1,7 +1,8 @@
 // The menus and collection editors beside qzide's designer on the demo
 // project: each change they make is one step of the form's undo history,
 // undo leaves them open on the form as it was read again, and the chosen
-// page is what the property grid shows.
+// page is what the property grid shows. The strings package editor opened
+// by a double-click shows the form's package and marks the form.
 
 #include "IdeFixture.h"
 
@@ -9,12 +10,16 @@
 #include "ide/QzInspector.h"
 #include "runtime/components/QzMenus.h"
 #include "runtime/components/QzPages.h"
+#include "runtime/model/QzPkgStrings.h"
+
+#include "support/gui/QzModalDriver.h"
 
 #include "support/gui/QzScreenshot.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QStatusBar>
 #include <QTest>
 #include <QToolButton>
 #include <QUndoStack>
@@ -98,6 +103,30 @@ TEST_F(IdeDesignWindows, AChosenPageIsWhatThePropertyGridShows)
     Settle();
     EXPECT_EQ(dynamic_cast<TQzPageControl*>(Find("Pages"))->PageCount(), before);
     EXPECT_EQ(window->findChild<QListWidget*>("ListView")->count(), before) << "the list follows";
+}
+
+TEST_F(IdeDesignWindows, AStringsPackagesDoubleClickOpensItAndAnAddMarksTheForm)
+{
+    auto* pkg = dynamic_cast<TQzPkgStrings*>(Find("PkgStrings"));
+    ASSERT_TRUE(pkg);
+    const int labels = pkg->Labels()->Count();
+    TQzModalDriver driver;
+    driver
+        .Then("opened",
+              [labels](QWidget* w) {
+                  EXPECT_EQ(w->windowTitle(), "Package : DEMO");
+                  EXPECT_TRUE(TQzModalDriver::Find<QStatusBar>(w, "StatusBar1")
+                                  ->currentMessage()
+                                  .startsWith(QString::number(labels) + " Labels"));
+              })
+        .Click("BtAdd")
+        .Type("EdLabel", "Phone")
+        .Click("BtOk")
+        .Click("BtOk");
+    EXPECT_TRUE(Surface(Main())->EditComponent(pkg));
+    EXPECT_TRUE(driver.Finished());
+    EXPECT_EQ(pkg->Labels()->Count(), labels + 1);
+    EXPECT_TRUE(Main()->IsModified());
 }
 
 }  // namespace

@@ -277,21 +277,15 @@ protected:
     void SetUp() override
     {
         TIdeTest::SetUp();
-        WriteBytes(FOther.filePath("Big.dfm"), "object Big: TForm\r\n"
-                                               "  ClientWidth = 3000\r\n  ClientHeight = 2000\r\n"
-                                               "  object Panel1: TPanel\r\n"
-                                               "    Left = 8\r\n    Top = 8\r\n    Width = 100\r\n    Height = 60\r\n"
-                                               "    object Edit1: TEdit\r\n"
-                                               "      Left = 60\r\n      Top = 20\r\n      Width = 200\r\n      Height = 21\r\n"
-                                               "    end\r\n"
-                                               "  end\r\n"
-                                               "  object Label1: TLabel\r\n"
-                                               "    Left = 8\r\n    Top = 100\r\n    Width = 80\r\n    Height = 16\r\n"
-                                               "    Caption = '&Save'\r\n  end\r\n"
-                                               "  object Label2: TLabel\r\n"
-                                               "    Left = 8\r\n    Top = 132\r\n    Width = 80\r\n    Height = 16\r\n"
-                                               "    Caption = 'Save'\r\n  end\r\n"
-                                               "end\r\n");
+        WriteBytes(FOther.filePath("Big.dfm"),
+                   "object Big: TForm\r\n  ClientWidth = 3000\r\n  ClientHeight = 2000\r\n"
+                   "  object Panel1: TPanel\r\n    Left = 8\r\n    Top = 8\r\n    Width = 100\r\n    Height = 60\r\n"
+                   "    object Edit1: TEdit\r\n      Left = 60\r\n      Top = 20\r\n      Width = 200\r\n      Height = 21\r\n"
+                   "    end\r\n  end\r\n"
+                   "  object Label1: TLabel\r\n    Left = 8\r\n    Top = 100\r\n    Width = 80\r\n    Height = 16\r\n"
+                   "    Caption = '&Save'\r\n  end\r\n"
+                   "  object Label2: TLabel\r\n    Left = 8\r\n    Top = 132\r\n    Width = 80\r\n    Height = 16\r\n"
+                   "    Caption = 'Save'\r\n  end\r\nend\r\n");
         ASSERT_TRUE(FWindow->OpenProject(FOther.path()));
         ASSERT_NE(Big(), nullptr);
     }

@@ -1,8 +1,9 @@
-// The display set and privilege pickers as qzide opens them from the
-// property grid on the demo: every selected control takes what was chosen
-// for the first, as one step undo takes back, Cancel leaves the form as it
-// was, and a set renamed in the picker is renamed in every control of the
-// form that names it, in the same step.
+// The pickers qzide opens from the property grid's ellipsis on the demo
+// (memory labels, display sets, privileges): every selected control takes
+// what was chosen for the first, as one step undo takes back, Cancel leaves
+// the form as it was, and a set renamed in the picker is renamed in every
+// control of the form that names it, in the same step. The pictures of the
+// memory windows in the IDE guide are taken here.
 
 #include "IdeFixture.h"
 
@@ -13,6 +14,7 @@
 
 #include "rtl/TypInfo.h"
 
+#include <QLineEdit>
 #include <QListWidget>
 #include <QTreeWidget>
 #include <QUndoStack>
@@ -21,10 +23,14 @@ namespace {
 
 class IdeSettingsPickers : public TIdeTest {
 protected:
-    // What a control's set or privilege names, as text.
+    TQzInspectorModel* Model() const { return FWindow->Inspector()->Properties(); }
+
+    // What a control's reference, set or privilege names, as text.
     std::string Value(const char* component, const char* property) const
     {
         TObject* value = GetObjectProp(Find(component), property);
+        if (auto* ref = dynamic_cast<TQzMemoryRef*>(value))
+            return ref->PkgName() + " " + std::to_string(ref->Id());
         if (auto* set = dynamic_cast<TQzSetRef*>(value))
             return set->Name();
         if (auto* privilege = dynamic_cast<TQzPrivilege*>(value))
@@ -32,10 +38,14 @@ protected:
         return "?";
     }
 
-    // Chooses the row showing `text` in the window's set list or privilege
-    // tree (the Id column).
+    // Chooses `text` in the window: the Id typed in a memory window, the row
+    // showing it in the set list or in the privilege tree (the Id column).
     static void Choose(QWidget* w, const QString& text)
     {
+        if (auto* id = w->findChild<QLineEdit*>("EdId")) {
+            id->setText(text.section(' ', -1));
+            return;
+        }
         if (auto* sets = w->findChild<QListWidget*>("LBSets")) {
             const QList<QListWidgetItem*> found = sets->findItems(text, Qt::MatchExactly);
             if (found.isEmpty())
@@ -59,11 +69,11 @@ TEST_F(IdeSettingsPickers, EverySelectedControlTakesTheChoiceAsOneStep)
         const char* Window;
         const char* Choice;
     } cases[] = {
+        {{"LabelTitle", "LabelName", "LabelCity"}, "Caption", "TFrMemoryLabel", "DEMO 9"},
         {{"LabelName", "LabelCity"}, "SetFont", "TFrSetFont", "Small"},
         {{"EditName", "EditCity", "CheckActive"}, "SetColor", "TFrSetColor", "Warning"},
         {{"ButtonSave", "ButtonCancel"}, "Privilege", "TFrPrivilege", "3"},
     };
-    TQzInspectorModel* model = FWindow->Inspector()->Properties();
     for (const auto& c : cases) {
         SCOPED_TRACE(c.Property);
         Select(c.Components);
@@ -80,10 +90,11 @@ TEST_F(IdeSettingsPickers, EverySelectedControlTakesTheChoiceAsOneStep)
                           Choose(w, choice);
                       })
                 .Click(ok ? "BtOk" : "BtCancel");
-            model->EditRow(model->Find(c.Property));
+            Model()->EditRow(Model()->Find(c.Property));
             EXPECT_TRUE(driver.Finished());
             if (!ok) {
                 EXPECT_EQ(Main()->Snapshot(), before) << "Cancel";
+                EXPECT_FALSE(Main()->IsModified()) << "Cancel";
             }
         }
         for (const char* name : c.Components)
@@ -92,6 +103,39 @@ TEST_F(IdeSettingsPickers, EverySelectedControlTakesTheChoiceAsOneStep)
         Main()->UndoStack()->undo();
         EXPECT_EQ(Main()->Snapshot(), before);
     }
+}
+
+// Each memory window opens on the reference of the control it edits.
+TEST_F(IdeSettingsPickers, MemoryWindowsOpenOnTheDemosReferences)
+{
+    const struct {
+        const char* Component;
+        const char* Property;
+        const char* Title;
+        const char* Id;
+        const char* Picture;
+    } cases[] = {
+        {"LabelTitle", "Caption", "Labels", "8", nullptr},
+        {"ButtonSave", "Caption", "Labels", "4", "memory-label.png"},
+        {"EditName", "ErrorMessage", "Messages", "1", "memory-message.png"},
+        {"MemoNotes", "Text", "Texts", "1", "memory-text.png"},
+    };
+    const QString shots = qEnvironmentVariable("QZ_SCREENSHOT_DIR");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.Component);
+        Select({c.Component});
+        TQzModalDriver driver;
+        driver.Then("opened", [&c](QWidget* w) {
+            EXPECT_EQ(w->windowTitle(), c.Title);
+            EXPECT_EQ(TQzModalDriver::Find<QLineEdit>(w, "EdId")->text(), c.Id);
+        });
+        if (!shots.isEmpty() && c.Picture)
+            driver.Screenshot(shots + "/" + c.Picture);
+        driver.Click("BtCancel");
+        Model()->EditRow(Model()->Find(c.Property));
+        EXPECT_TRUE(driver.Finished());
+    }
+    EXPECT_EQ(Main()->UndoStack()->count(), 0);
 }
 
 TEST_F(IdeSettingsPickers, ASetRenamedInThePickerIsRenamedInEveryControlAsOneStep)
@@ -110,8 +154,7 @@ TEST_F(IdeSettingsPickers, ASetRenamedInThePickerIsRenamedInEveryControlAsOneSte
                   found.first()->setText("Input");
               })
         .Click("BtOk");
-    TQzInspectorModel* model = FWindow->Inspector()->Properties();
-    model->EditRow(model->Find("SetColor"));
+    Model()->EditRow(Model()->Find("SetColor"));
     EXPECT_TRUE(driver.Finished());
     for (const char* name : {"EditName", "EditCity", "CheckActive"})
         EXPECT_EQ(Value(name, "SetColor"), "Input") << name;
