@@ -13,11 +13,9 @@ struct TQzpkgRun {
     std::string Out, Err;
 };
 
-inline TQzpkgRun Qzpkg(const std::vector<std::string>& args)
+// As the program runs it, with whatever design module is set.
+inline TQzpkgRun QzpkgAsSet(const std::vector<std::string>& args)
 {
-#ifdef QZPKG_DESIGN_MODULE
-    SetDesignCommandsModule(QZPKG_DESIGN_MODULE);
-#endif
     std::FILE* out = std::tmpfile();
     std::FILE* err = std::tmpfile();
     const int code = RunCommand(args, out, err);
@@ -30,4 +28,12 @@ inline TQzpkgRun Qzpkg(const std::vector<std::string>& args)
         return s;
     };
     return {code, slurp(out), slurp(err)};
+}
+
+inline TQzpkgRun Qzpkg(const std::vector<std::string>& args)
+{
+#ifdef QZPKG_DESIGN_MODULE
+    SetDesignCommandsModule(QZPKG_DESIGN_MODULE);
+#endif
+    return QzpkgAsSet(args);
 }

@@ -65,17 +65,9 @@ TEST(QzpkgProgram, TheCommandsWithOptionsShowTheirUsageOrNameWhatIsWrong)
 TEST(QzpkgProgram, SaysWhereTheModuleWasLookedForWhenItIsMissing)
 {
     SetDesignCommandsModule("/nonexistent/qzpkg_design.so");
-    std::FILE* out = std::tmpfile();
-    std::FILE* err = std::tmpfile();
-    const int code = RunCommand({"info", "x.pst"}, out, err);
-    std::rewind(err);
-    std::array<char, 512> buf{};
-    std::fread(buf.data(), 1, buf.size() - 1, err);
-    std::fclose(out);
-    std::fclose(err);
-    EXPECT_EQ(code, 1);
-    EXPECT_EQ(std::string(buf.data()),
-              "qzpkg info: this command needs qzpkg_design.so, which is not at /nonexistent/qzpkg_design.so\n");
+    const TQzpkgRun run = QzpkgAsSet({"info", "x.pst"});
+    EXPECT_EQ(run.Code, 1);
+    EXPECT_EQ(run.Err, "qzpkg info: this command needs qzpkg_design.so, which is not at /nonexistent/qzpkg_design.so\n");
     // Usage and conversions need no module.
     EXPECT_EQ(Qzpkg({"--help"}).Code, 0);
 }

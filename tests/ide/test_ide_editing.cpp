@@ -16,6 +16,7 @@
 
 #include "rtl/ComponentStream.h"
 #include "rtl/FormText.h"
+#include "rtl/StringList.h"
 #include "rtl/TypInfo.h"
 
 #include <QComboBox>
@@ -31,32 +32,17 @@ namespace {
 
 AnsiString Prop(TComponent* c, const char* name) { return VarToStr(GetPropValue(c, name)); }
 
-std::vector<std::string> Lines(const std::string& text)
-{
-    std::vector<std::string> lines;
-    size_t start = 0;
-    while (start <= text.size()) {
-        const size_t end = text.find('\n', start);
-        std::string line = text.substr(start, end == std::string::npos ? std::string::npos : end - start);
-        if (!line.empty() && line.back() == '\r')
-            line.pop_back();
-        lines.push_back(line);
-        if (end == std::string::npos)
-            break;
-        start = end + 1;
-    }
-    return lines;
-}
-
-// The lines of b that differ from a's, for files of the same length in lines.
+// The lines of b that differ from a's, for texts of the same length in lines.
 std::vector<std::string> ChangedLines(const std::string& a, const std::string& b)
 {
-    const auto la = Lines(a), lb = Lines(b);
+    TStringList la, lb;
+    la.SetText(a);
+    lb.SetText(b);
     std::vector<std::string> changed;
-    EXPECT_EQ(la.size(), lb.size());
-    for (size_t i = 0; i < std::min(la.size(), lb.size()); ++i)
-        if (la[i] != lb[i])
-            changed.push_back(lb[i]);
+    EXPECT_EQ(la.Count(), lb.Count());
+    for (int i = 0; i < std::min(la.Count(), lb.Count()); ++i)
+        if (la.Strings(i) != lb.Strings(i))
+            changed.push_back(lb.Strings(i));
     return changed;
 }
 
