@@ -130,30 +130,25 @@ TEST_F(SeamTest, MistakesInTheScriptFailTheTestAndNeverBlock)
     }
 }
 
-TEST_F(SeamTest, WithoutAHandlerFailuresAreKeptForTheCaller)
-{
-    TQzScriptedDialogs script;
-    script.SetFailureHandler(nullptr);
-    TQzDialogsScope scope(script);
-    EXPECT_EQ(QzMessage("Oops", mtError), mrOk);
-    ASSERT_EQ(script.Failures().size(), 1u);
-    EXPECT_FALSE(script.Calls().front().Scripted);
-}
-
-TEST_F(SeamTest, ScopesRestoreTheDialogsTheyReplaced)
+// Without a failure handler an unscripted question is kept for the caller.
+TEST_F(SeamTest, ScopesRestoreTheDialogsTheyReplacedAndFailuresCanBeKept)
 {
     IQzDialogs* qt = &QzDialogs();
     TQzScriptedDialogs outer;
     TQzScriptedDialogs inner;
+    inner.SetFailureHandler(nullptr);
     {
         TQzDialogsScope a(outer);
         {
             TQzDialogsScope b(inner);
             EXPECT_EQ(&QzDialogs(), &inner);
+            EXPECT_EQ(QzMessage("Oops", mtError), mrOk);
         }
         EXPECT_EQ(&QzDialogs(), &outer);
     }
     EXPECT_EQ(&QzDialogs(), qt);
+    ASSERT_EQ(inner.Failures().size(), 1u);
+    EXPECT_FALSE(inner.Calls().front().Scripted);
 }
 
 TEST(FileFilter, SuiteFiltersBecomeQtNameFilters)
