@@ -31,7 +31,7 @@ int LineOf(const TStringList& lines, const AnsiString& text)
 
 }  // namespace
 
-TEST_F(TIdeTest, ProjectServicesReadTheFormsOpenInTheWindow)
+TEST_F(TIdeTest, ProjectServicesReadAndWriteTheFormsOpenInTheWindow)
 {
     EXPECT_EQ(QzGetFormCount(), 3);
     SetOrdProp(Find("LabelCity"), GetPropInfo(Find("LabelCity"), "Top"), 77);
@@ -50,13 +50,10 @@ TEST_F(TIdeTest, ProjectServicesReadTheFormsOpenInTheWindow)
     TComponent* about = QzDelphiDesignForm(Path("About.dfm").toStdString());
     ASSERT_NE(FWindow->Project()->Designer(1), nullptr);
     EXPECT_EQ(about, FWindow->Project()->Designer(1)->GetRoot());
-}
 
-TEST_F(TIdeTest, FormWrittenByThePackageIsReadAgainIntoItsTab)
-{
+    // A form the package writes is read again into its tab.
     ASSERT_NE(FWindow->ShowForm(2), nullptr);
-    TStringList lines;
-    TStreamOriginalFormat format = sofUnknown;
+    const int tabs = FWindow->FormTabs()->count();
     ASSERT_TRUE(QzDelphiFormToFormText(Path("Options.dfm").toStdString(), &lines, format));
     const int caption = LineOf(lines, "Caption = 'Options'");
     ASSERT_GE(caption, 0);
@@ -68,7 +65,7 @@ TEST_F(TIdeTest, FormWrittenByThePackageIsReadAgainIntoItsTab)
     EXPECT_EQ(QzFormCaption(reread->GetRoot()), "Settings");
     EXPECT_EQ(FWindow->CurrentDesigner(), reread);
     EXPECT_NE(FWindow->SurfaceOf(reread), nullptr);
-    EXPECT_EQ(FWindow->FormTabs()->count(), 2);
+    EXPECT_EQ(FWindow->FormTabs()->count(), tabs);
     EXPECT_TRUE(QFile::exists(Path("Options.~dfm")));
 }
 
