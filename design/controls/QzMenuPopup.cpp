@@ -1,14 +1,16 @@
 #include "design/controls/QzMenuPopup.h"
 
 #include "design/controls/QzMenuEditing.h"
+#include "design/controls/QzMenuLook.h"
 #include "design/controls/QzMenuShortCuts.h"
 
 #include "vcl/QzQtString.h"
 
 #include <QCursor>
+#include <QIcon>
 #include <QMenu>
 
-void QzFillPopupMenu(QMenu* menu, TQzMenuItem* items)
+void QzFillPopupMenu(QMenu* menu, TQzMenuItem* items, int imageSize)
 {
     for (int i = 0; i < items->Count(); ++i) {
         TQzMenuItem* item = items->Items(i);
@@ -22,10 +24,12 @@ void QzFillPopupMenu(QMenu* menu, TQzMenuItem* items)
         if (item->Count() > 0) {
             QMenu* sub = menu->addMenu(text);
             sub->setEnabled(item->Enabled());
-            QzFillPopupMenu(sub, item);
+            QzFillPopupMenu(sub, item, imageSize);
             continue;
         }
         QAction* action = menu->addAction(text);
+        if (const QImage image = QzMenuItemImage(item, imageSize); !image.isNull())
+            action->setIcon(QIcon(QPixmap::fromImage(image)));
         action->setEnabled(item->Enabled());
         action->setCheckable(item->Checked());
         action->setChecked(item->Checked());
@@ -41,6 +45,9 @@ void QzFillPopupMenu(QMenu* menu, TQzMenuItem* items)
 void QzShowPopupMenu(TQzPopupMenu* popup)
 {
     QMenu menu;
-    QzFillPopupMenu(&menu, popup->Items());
+    menu.setObjectName(QStringLiteral("TQzPopupMenu"));
+    const TQzMenuLook look = QzMenuLookOf(popup);
+    QzApplyMenuLook(&menu, look);
+    QzFillPopupMenu(&menu, popup->Items(), look.ImageSize);
     menu.exec(QCursor::pos());
 }

@@ -7,6 +7,7 @@
 
 class QMenu;
 
-void QzFillPopupMenu(QMenu* menu, TQzMenuItem* items);
-// Shows popup where the mouse is and returns when it closes.
+// imageSize > 0: each item shows its image, that many pixels square.
+void QzFillPopupMenu(QMenu* menu, TQzMenuItem* items, int imageSize = 0);
+// Shows popup where the mouse is, in its look, and returns when it closes.
 void QzShowPopupMenu(TQzPopupMenu* popup);

@@ -54,6 +54,13 @@ void TQzMenuView::Relayout()
     update();
 }
 
+void TQzMenuView::SetLook(const TQzMenuLook& look)
+{
+    FLook = look;
+    setFont(look.Font ? *look.Font : QFont());
+    Relayout();
+}
+
 QSize TQzMenuView::sizeHint() const
 {
     QRect all(0, 0, 320, 200);
@@ -84,7 +91,7 @@ const TQzMenuCell* TQzMenuView::CellOf(const TQzMenuPath& path) const
 void TQzMenuView::AddList(TQzMenuItem* list, const TQzMenuPath& prefix, QPoint at, bool horizontal)
 {
     const QFontMetrics fm = fontMetrics();
-    const int rowHeight = fm.height() + 8;
+    const int rowHeight = horizontal ? fm.height() + 8 : std::max(fm.height() + 8, FLook.ImageSize + 4);
     int width = ColumnMinWidth;
     if (!horizontal)
         for (int i = 0; i < list->Count(); ++i) {
@@ -92,7 +99,7 @@ void TQzMenuView::AddList(TQzMenuItem* list, const TQzMenuPath& prefix, QPoint a
             const AnsiString shortCut = QzShortCutToText(item->ShortCut());
             const int w = fm.horizontalAdvance(QzQString(QzMenuItemText(item))) +
                           (shortCut.empty() ? 0 : ShortCutGap + fm.horizontalAdvance(QzQString(shortCut)));
-            width = std::max(width, w + 2 * ColumnPadding);
+            width = std::max(width, w + 2 * ColumnPadding + ImageColumn());
         }
     const QPoint origin = at;
     for (int i = 0; i <= list->Count(); ++i) {
@@ -163,6 +170,8 @@ void TQzMenuView::Paint(QPainter& painter, const TQzMenuCell& cell) const
         return;
     }
     QColor text = palette().color(current ? QPalette::HighlightedText : QPalette::WindowText);
+    if (!current && FLook.TextColor.isValid())
+        text = FLook.TextColor;
     if (!item->Enabled())
         text = palette().color(QPalette::Disabled, QPalette::WindowText);
     painter.setPen(text);
@@ -171,9 +180,14 @@ void TQzMenuView::Paint(QPainter& painter, const TQzMenuCell& cell) const
     painter.setFont(font);
     const int pad = onBar ? BarPadding : ColumnPadding;
     const QRect inner = r.adjusted(pad, 0, -pad, 0);
-    painter.drawText(inner, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, QzQString(QzMenuItemText(item)));
-    if (onBar)
+    if (onBar) {
+        painter.drawText(inner, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, QzQString(QzMenuItemText(item)));
         return;
+    }
+    if (const QImage image = QzMenuItemImage(item, FLook.ImageSize); !image.isNull())
+        painter.drawImage(QPoint(inner.left(), r.top() + (r.height() - image.height()) / 2), image);
+    painter.drawText(inner.adjusted(ImageColumn(), 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic,
+                     QzQString(QzMenuItemText(item)));
     if (item->Checked())
         painter.drawText(r.adjusted(6, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, QStringLiteral("\u2713"));
     const AnsiString shortCut = QzShortCutToText(item->ShortCut());
@@ -188,7 +202,8 @@ void TQzMenuView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     for (size_t i = 0; i < FLists.size(); ++i) {
         const bool bar = FBar && i == 0;
-        painter.fillRect(FLists[i], palette().color(bar ? QPalette::Button : QPalette::Window));
+        const QColor back = FLook.BackColor.isValid() ? FLook.BackColor : palette().color(bar ? QPalette::Button : QPalette::Window);
+        painter.fillRect(FLists[i], back);
         painter.setPen(palette().color(QPalette::Dark));
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(FLists[i]);

@@ -6,6 +6,7 @@
 // for.
 
 #include "design/controls/QzMenuEditing.h"
+#include "design/controls/QzMenuLook.h"
 
 #include <QRect>
 #include <QWidget>
@@ -38,6 +39,8 @@ public:
     const TQzMenuCell* CellOf(const TQzMenuPath& path) const;
     // The menu changed under the view: lays it out again.
     void Relayout();
+    // Draws in the menu's font, colours and images from now on.
+    void SetLook(const TQzMenuLook& look);
 
     QSize sizeHint() const override;
 
@@ -63,9 +66,12 @@ private:
     bool Navigate(int key);
     bool IsBarPath(const TQzMenuPath& path) const { return FBar && path.size() == 1; }
     void Paint(QPainter& painter, const TQzMenuCell& cell) const;
+    // The width of the images' column in a list (none on a bar).
+    int ImageColumn() const { return FLook.ImageSize > 0 ? FLook.ImageSize + 6 : 0; }
 
     TQzMenuItem* FRoot = nullptr;
     bool FBar = false;
+    TQzMenuLook FLook;
     TQzMenuPath FCurrent{0};
     std::vector<TQzMenuCell> FCells;
     std::vector<QRect> FLists;  // the frame of each list drawn

@@ -75,6 +75,7 @@ TFrMenus::TFrMenus(QWidget* parent)
     connect(BtMoveDown, &QToolButton::clicked, this, [this] { Run(TQzMenuCommand::MoveForward); });
     connect(BtIndent, &QToolButton::clicked, this, [this] { Run(TQzMenuCommand::Indent); });
     connect(BtOutdent, &QToolButton::clicked, this, [this] { Run(TQzMenuCommand::Outdent); });
+    connect(BtTry, &QToolButton::clicked, this, &TFrMenus::TryPopup);
     // The designer's broadcast after any change of the form (the property
     // grid's included): the menu is drawn again.
     FListener = AddQzFormsListener([this](int message) {
@@ -129,10 +130,24 @@ void TFrMenus::Refresh()
         return;
     }
     setWindowTitle(QzQString("Editing " + menu->Name()));
+    BtTry->setEnabled(dynamic_cast<TQzPopupMenu*>(menu) != nullptr);
     const TQzMenuPath current = FView->Current();
     if (FView->Root() != Root())
         FView->SetMenu(Root(), dynamic_cast<TQzMainMenu*>(menu) != nullptr);
+    // A set or the images may have changed in the property grid.
+    FView->SetLook(QzMenuLookOf(menu));
     FView->SetCurrent(current);
+}
+
+void TFrMenus::TryPopup()
+{
+    auto* popup = dynamic_cast<TQzPopupMenu*>(FTarget.Component());
+    if (!popup)
+        return;
+    TQzEditorDialogRequest request;
+    request.Component = popup;
+    request.Designer = FTarget.Designer();
+    QzRunEditorDialog(TQzEditorDialog::PopupMenu, request);
 }
 
 void TFrMenus::FillItem()

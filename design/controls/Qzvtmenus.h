@@ -37,6 +37,8 @@ public:
     bool SetShortCut(const AnsiString& text);
     void EditLabel();
     void MoveTo(const TQzMenuPath& from, const TQzMenuPath& to);
+    // A popup menu pops up as it will; a main menu has no popup to show.
+    void TryPopup();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

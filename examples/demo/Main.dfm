@@ -224,17 +224,25 @@ object MainForm: TQzCForm
   object PopupNotes: TQzPopupMenu
     Left = 290
     Top = 4
+    ImagesVisible = True
+    SetFont.Name = 'Small'
     object PopupCut: TQzMenuItem
       Caption = 'Cu&t'
       ShortCut = 16472
+      Image.PkgName = 'DEMO'
+      Image.Id = 2
     end
     object PopupCopy: TQzMenuItem
       Caption = '&Copy'
       ShortCut = 16451
+      Image.PkgName = 'DEMO'
+      Image.Id = 3
     end
     object PopupPaste: TQzMenuItem
       Caption = '&Paste'
       ShortCut = 16470
+      Image.PkgName = 'DEMO'
+      Image.Id = 5
     end
   end
   object PanelTop: TQzPanel

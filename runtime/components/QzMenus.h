@@ -121,6 +121,8 @@ public:
     explicit TQzMainMenu(TComponent* owner) : TMainMenu(owner), FParts(this) {}
     TQzMenuParts& MenuParts() { return FParts; }
     TQzMenuItem* Items() const { return FParts.Items(); }
+    TQzSetFont* SetFont() const { return FSetFont.get(); }
+    TQzSetColor* SetColor() const { return FSetColor.get(); }
     void Notification(TComponent* component, TOperation operation) override;
 
 private:
@@ -138,6 +140,11 @@ public:
     explicit TQzPopupMenu(TComponent* owner) : TPopupMenu(owner), FParts(this) {}
     TQzMenuParts& MenuParts() { return FParts; }
     TQzMenuItem* Items() const { return FParts.Items(); }
+    TQzSetFont* SetFont() const { return FSetFont.get(); }
+    TQzSetColor* SetColor() const { return FSetColor.get(); }
+    // The items' images show beside their captions, ImageSize pixels square.
+    bool ImagesVisible() const { return FImagesVisible; }
+    Integer ImageSize() const { return FImageSize; }
 
     // Adds the edit commands (Undo, Cut, Copy, Paste, Delete, Select All)
     // that the menu does not hold yet, each once, at the end; returns how

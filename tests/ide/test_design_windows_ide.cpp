@@ -21,6 +21,7 @@
 #include <QListWidget>
 #include <QStatusBar>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QUndoStack>
 
@@ -83,6 +84,30 @@ TEST_F(IdeDesignWindows, AMenuTypedInTheDesignerIsOneUndoStepAndUndoKeepsTheWind
         QTest::keyClick(view, Qt::Key_Left);
     QTest::keyClick(view, Qt::Key_Down);
     Picture(window, "menus-editor.png");
+}
+
+TEST_F(IdeDesignWindows, APopupMenuIsTriedInItsOwnLook)
+{
+    ASSERT_TRUE(Surface(Main())->EditComponent(Find("PopupNotes")));
+    QWidget* window = Window("TFrMenus");
+    ASSERT_TRUE(window);
+    Picture(window, "menus-editor-popup.png");
+    // The demo's notes menu shows its images in the font set "Small".
+    QStringList shown;
+    QTimer::singleShot(0, [&] {
+        QWidget* popup = QApplication::activePopupWidget();
+        ASSERT_TRUE(popup);
+        for (QAction* action : popup->actions())
+            shown << action->text() + (action->icon().isNull() ? "" : "+image");
+        shown << popup->font().family();
+        Picture(popup, "popup-menu.png");
+        popup->close();
+    });
+    const std::string before = Main()->Snapshot();
+    QTest::mouseClick(window->findChild<QToolButton*>("BtTry"), Qt::LeftButton);
+    EXPECT_EQ(shown.join(' ').toStdString(), "Cu&t+image &Copy+image &Paste+image Arial");
+    EXPECT_EQ(Main()->Snapshot(), before) << "trying changes nothing";
+    window->close();
 }
 
 TEST_F(IdeDesignWindows, AChosenPageIsWhatThePropertyGridShows)

@@ -4,6 +4,7 @@
 // change tells the designer once and leaves the item selected.
 
 #include "design/controls/QzMenuEditing.h"
+#include "design/controls/QzMenuLook.h"
 #include "design/controls/QzMenuPopup.h"
 #include "design/controls/QzMenuShortCuts.h"
 #include "design/controls/Qzvtmenus.h"
@@ -11,10 +12,12 @@
 #include "designide/FormDesigner.h"
 #include "runtime/components/QzComponentsReg.h"
 #include "runtime/components/QzForms.h"
+#include "runtime/model/QzApplication.h"
 
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
+#include <QBuffer>
 #include <QMenu>
 #include <QTest>
 
@@ -220,6 +223,38 @@ TEST_F(MenusEditor, OneWindowPerMenuAndThePopupAsItWillShow)
     for (QAction* a : shown.actions())
         texts << (a->isSeparator() ? QStringLiteral("-") : a->text() + "|" + a->shortcut().toString());
     EXPECT_EQ(texts.join(' ').toStdString(), "&Undo|Ctrl+Z &Copy|Ctrl+C &Paste|Ctrl+V - &Delete|Del Select &All|Ctrl+A");
+
+    // In its look: only sets the display package holds count, and images
+    // show when the menu says so.
+    auto* app = new TQzCApplication(Form->GetRoot());
+    TQzPkgDisplaySetFont* big = app->PkgDisplay()->SetsFont()->Add("Big");
+    big->SetSize(14);
+    big->SetColor(0x0000FF);
+    app->PkgDisplay()->SetsColor()->Add("Paper")->SetColor(0xE0FFFF);
+    popup.SetFont()->SetName("Missing");
+    EXPECT_FALSE(QzMenuLookOf(&popup).Font);
+    EXPECT_EQ(QzMenuLookOf(&popup).ImageSize, 0);
+    popup.SetFont()->SetName("Big");
+    popup.SetColor()->SetName("Paper");
+    SetOrdProp(&popup, "ImagesVisible", 1);
+    QImage square(8, 8, QImage::Format_RGB32);
+    square.fill(Qt::darkGreen);
+    QByteArray png;
+    QBuffer buffer(&png);
+    square.save(&buffer, "PNG");
+    app->SetSystemEdit(true);
+    app->PkgDisplay()->PkgSystem()->Images()->Add(48)->SetPicture(png.toStdString(), "png", 8, 8);
+    popup.Items()->Items(0)->Image()->PkgId("System", 48);
+    const TQzMenuLook look = QzMenuLookOf(&popup);
+    ASSERT_TRUE(look.Font);
+    EXPECT_EQ(look.Font->pointSize(), 14);
+    EXPECT_EQ(look.TextColor, QColor(255, 0, 0));
+    EXPECT_EQ(look.BackColor, QColor(255, 255, 224));
+    EXPECT_EQ(look.ImageSize, 16);
+    QMenu withImages;
+    QzFillPopupMenu(&withImages, popup.Items(), look.ImageSize);
+    EXPECT_EQ(withImages.actions()[0]->icon().pixmap(16, 16).size(), QSize(16, 16));
+    EXPECT_TRUE(withImages.actions()[1]->icon().isNull()) << "an item without an image";
 }
 
 }  // namespace
