@@ -2,7 +2,6 @@
 // that Cancel leaves it alone, and the rules of its controls.
 
 #include "design/controls/Qzvtmask.h"
-#include "design/reg/QzEditorDialogs.h"
 #include "runtime/model/QzMask.h"
 
 #include "support/gui/QzModalDriver.h"
@@ -176,7 +175,7 @@ TEST_F(MaskWindow, OpeningShowsTheMaskAndNoneOrMemoMasksOpenNothing)
         EXPECT_FALSE(form.isVisible());
     }
     auto owned = NewMask(qdtFloat, "%+*z.&k$0@3", 12);
-        TQzMask& mask = *owned;
+    TQzMask& mask = *owned;
     mask.SetTake(mtRawText);
     mask.SetDecimals(4);
     TQzModalDriver driver;
@@ -201,7 +200,7 @@ TEST_F(MaskWindow, OpeningShowsTheMaskAndNoneOrMemoMasksOpenNothing)
 TEST_F(MaskWindow, TypedOptionsRefuseRepeatsAndStrangersAndSetTheBoxes)
 {
     auto owned = NewMask(qdtString, "");
-        TQzMask& mask = *owned;
+    TQzMask& mask = *owned;
     TQzModalDriver driver;
     driver.Type("EdOptions", "ss+ul<>")
         .Then("typed", [](QWidget* w) {
@@ -218,7 +217,7 @@ TEST_F(MaskWindow, TypedOptionsRefuseRepeatsAndStrangersAndSetTheBoxes)
 TEST_F(MaskWindow, EachGroupRemembersItsOptionsWhileTheTypeChanges)
 {
     auto owned = NewMask(qdtString, "<u");
-        TQzMask& mask = *owned;
+    TQzMask& mask = *owned;
     TQzModalDriver driver;
     driver.Then("integer", ChooseType(qdtInteger))
         .Then("integer default", [](QWidget* w) { EXPECT_EQ(Get<QLineEdit>(w, "EdOptions")->text(), ">"); })
@@ -237,7 +236,7 @@ TEST_F(MaskWindow, AnEmptySizeIsRefusedAndTheWindowStaysOpen)
     TQzTestDialogs dialogs;
     dialogs->AnswerMessage(mbOK);
     auto owned = NewMask(qdtString, "", 3);
-        TQzMask& mask = *owned;
+    TQzMask& mask = *owned;
     TQzModalDriver driver;
     driver.SetText("EdSize", "")
         .Click("BtOk")
@@ -253,7 +252,7 @@ TEST_F(MaskWindow, AnEmptySizeIsRefusedAndTheWindowStaysOpen)
 TEST_F(MaskWindow, TheTesterMarksInputsAcceptedOrRejected)
 {
     auto owned = NewMask(qdtString, "<d;(###)###-####");
-        TQzMask& mask = *owned;
+    TQzMask& mask = *owned;
     TQzModalDriver driver;
     driver.Type("EdTest", "555123")
         .Then("verdict", [](QWidget* w) {
@@ -273,29 +272,6 @@ TEST_F(MaskWindow, TheTesterMarksInputsAcceptedOrRejected)
         })
         .Click("BtCancel");
     EXPECT_EQ(Run(mask, driver), mrCancel);
-}
-
-TEST_F(MaskWindow, ThePropertysWindowIsTheMaskEditorOnceRegistered)
-{
-    const TQzEditorDialogOpener previous = QzSetEditorDialog(TQzEditorDialog::Mask, {});
-    RegisterQzvtmask();
-    auto owned = NewMask(qdtInteger, "");
-        TQzMask& mask = *owned;
-    TQzEditorDialogRequest request;
-    request.Target = &mask;
-    {
-        TQzModalDriver driver;
-        driver.SetChecked("CBThousands", true).Click("BtOk");
-        EXPECT_EQ(QzRunEditorDialog(TQzEditorDialog::Mask, request), 1);
-    }
-    EXPECT_EQ(mask.Text(), ">.");
-    {
-        TQzModalDriver driver;
-        driver.SetChecked("CBNoZero", true).Click("BtCancel");
-        EXPECT_EQ(QzRunEditorDialog(TQzEditorDialog::Mask, request), 0);
-    }
-    EXPECT_EQ(mask.Text(), ">.");
-    QzSetEditorDialog(TQzEditorDialog::Mask, previous);
 }
 
 }  // namespace

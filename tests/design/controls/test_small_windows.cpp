@@ -13,9 +13,8 @@
 #include "design/reg/QzEditorDialogs.h"
 #include "runtime/model/QzPkgDisplay.h"
 #include "runtime/model/QzPkgStrings.h"
-#include "runtime/util/QzDesigner.h"
 
-#include "support/gui/QzModalDriver.h"
+#include "design/QzDesignWindowTest.h"
 #include "support/gui/QzTestApp.h"
 #include "support/gui/QzTestDialogs.h"
 
@@ -45,18 +44,10 @@ protected:
         RegisterQzvtruntimewindows();
     }
 
-    void SetUp() override
-    {
-        FPrevious = SetQzDesignerModifiedHook([this](TComponent* owner) { Marked.push_back(owner); });
-    }
-    void TearDown() override { SetQzDesignerModifiedHook(std::move(FPrevious)); }
-
     TComponent Form{nullptr};
     TQzPkgDisplay Display{&Form};
-    std::vector<TComponent*> Marked;
-
-private:
-    TQzDesignerModifiedHook FPrevious;
+    TQzMarkedLog FMarks;
+    std::vector<TComponent*>& Marked = FMarks.Marked;
 };
 
 void SetSpin(QWidget* w, const char* name, int value)
