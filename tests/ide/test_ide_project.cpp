@@ -31,7 +31,7 @@ QStringList TopRows(const TQzInspectorModel* model)
 
 }  // namespace
 
-TEST_F(TIdeTest, FormsAreListedAtOnceAndReadWhenShown)
+TEST_F(TIdeTest, FormsAreListedAtOnceAndReadIntoTheirClassesWhenShown)
 {
     TIdeProject* project = FWindow->Project();
     ASSERT_EQ(project->FormCount(), 3);
@@ -50,10 +50,8 @@ TEST_F(TIdeTest, FormsAreListedAtOnceAndReadWhenShown)
     EXPECT_EQ(FWindow->CurrentDesigner(), project->Designer(1));
     EXPECT_EQ(FWindow->FormTabs()->count(), 2);
     EXPECT_EQ(FWindow->Tree()->topLevelItem(0)->text(0), "AboutBox: TQzCForm");
-}
 
-TEST_F(TIdeTest, EveryDemoFormLoadsIntoItsRegisteredClasses)
-{
+    // Every form reads into the runtime's classes and its tree.
     for (int i = 0; i < FWindow->Project()->FormCount(); ++i) {
         TIdeDesigner* d = FWindow->ShowForm(i);
         ASSERT_NE(d, nullptr) << i;
@@ -96,7 +94,7 @@ TEST_F(TIdeTest, PaletteShowsTheRegisteredPagesInOrder)
         EXPECT_NE(FWindow->Palette()->ButtonOf(cls), nullptr) << cls->ClassName();
 }
 
-TEST_F(TIdeTest, SelectionFollowsTreeSurfaceAndInspector)
+TEST_F(TIdeTest, SelectionFollowsTreeSurfaceInspectorAndRubberBand)
 {
     TQzDesignSurface* surface = Surface(Main());
     // A click on the surface selects the control under it...
@@ -119,18 +117,14 @@ TEST_F(TIdeTest, SelectionFollowsTreeSurfaceAndInspector)
     FWindow->Tree()->clearSelection();
     FWindow->Tree()->ItemOf(Find("ButtonSave"))->setSelected(true);
     EXPECT_EQ(Main()->SelectedComponents(), std::vector<TComponent*>{Find("ButtonSave")});
-}
 
-TEST_F(TIdeTest, RubberBandSelectsTheControlsItTouches)
-{
-    TQzDesignSurface* surface = Surface(Main());
+    // A rubber band from empty client area left of the buttons to the middle
+    // of Cancel selects the controls it touches.
     const QRect save = surface->SurfaceRect(Find("ButtonSave"));
-    const QRect cancel = surface->SurfaceRect(Find("ButtonCancel"));
-    // From empty client area left of the buttons to the middle of Cancel.
-    const QPoint from(save.left() - 6, save.top() - 4);
-    QTest::mousePress(surface, Qt::LeftButton, {}, from);
-    QTest::mouseMove(surface, cancel.center());
-    QTest::mouseRelease(surface, Qt::LeftButton, {}, cancel.center());
+    const QPoint cancel = surface->SurfaceRect(Find("ButtonCancel")).center();
+    QTest::mousePress(surface, Qt::LeftButton, {}, save.topLeft() - QPoint(6, 4));
+    QTest::mouseMove(surface, cancel);
+    QTest::mouseRelease(surface, Qt::LeftButton, {}, cancel);
     std::vector<TComponent*> selected = Main()->SelectedComponents();
     std::sort(selected.begin(), selected.end());
     std::vector<TComponent*> expected{Find("ButtonSave"), Find("ButtonCancel")};
