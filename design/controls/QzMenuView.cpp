@@ -202,7 +202,8 @@ void TQzMenuView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     for (size_t i = 0; i < FLists.size(); ++i) {
         const bool bar = FBar && i == 0;
-        const QColor back = FLook.BackColor.isValid() ? FLook.BackColor : palette().color(bar ? QPalette::Button : QPalette::Window);
+        const QColor back =
+            FLook.BackColor.isValid() ? FLook.BackColor : palette().color(bar ? QPalette::Button : QPalette::Window);
         painter.fillRect(FLists[i], back);
         painter.setPen(palette().color(QPalette::Dark));
         painter.setBrush(Qt::NoBrush);
