@@ -2,7 +2,6 @@
 
 #include "design/controls/QzDisplayPreview.h"
 
-#include "runtime/model/QzApplication.h"
 #include "runtime/pictures/QzPictureDraw.h"
 #include "runtime/pictures/Qzdrawutil.h"
 
@@ -14,24 +13,15 @@
 
 namespace {
 
-const TQzPkgDisplay* AppDisplay()
-{
-    const TQzCApplication* app = QzCApp();
-    return app ? app->PkgDisplay() : nullptr;
-}
-
 // Only a set that exists changes the look: a menu naming none, or one the
 // package lacks, keeps the platform's rather than the suite's defaults.
 void TakeSets(TQzMenuLook& look, const TQzSetFont* font, const TQzSetColor* color)
 {
-    const TQzPkgDisplay* display = AppDisplay();
-    if (!display)
-        return;
-    if (const TQzPkgDisplaySetFont* set = font ? display->SetsFont()->Find(font->Name()) : nullptr) {
+    if (const TQzPkgDisplaySetFont* set = font->Found()) {
         look.Font = QzFontOfValues(set->Values());
         look.TextColor = QzColorToQColor(set->Values().Color);
     }
-    if (const TQzPkgDisplaySetColor* set = color ? display->SetsColor()->Find(color->Name()) : nullptr)
+    if (const TQzPkgDisplaySetColor* set = color->Found())
         look.BackColor = QzColorToQColor(set->Color());
 }
 

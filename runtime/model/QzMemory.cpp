@@ -312,20 +312,23 @@ TQzSetBackGround::TQzSetBackGround(const TQzDefaultSetBackGround* defaultSet, bo
 {
 }
 
+const TQzPkgDisplaySetBackGround* TQzSetBackGround::Found() const
+{
+    const TQzPkgDisplay* display = Display();
+    return display ? display->SetsBackGround()->Find(Name()) : nullptr;
+}
+
 TQzBackGroundValues TQzSetBackGround::Values() const
 {
-    if (TQzPkgDisplay* display = Display())
-        if (const TQzPkgDisplaySetBackGround* set = display->SetsBackGround()->Find(Name()))
-            return set->Values();
+    if (const TQzPkgDisplaySetBackGround* set = Found())
+        return set->Values();
     return FUseDefault && FDefault ? FDefault->Values : TQzBackGroundValues{};
 }
 
 const TQzMemoryImage* TQzSetBackGround::Image() const
 {
-    if (TQzPkgDisplay* display = Display())
-        if (const TQzPkgDisplaySetBackGround* set = display->SetsBackGround()->Find(Name()))
-            return set->Image();
-    return nullptr;
+    const TQzPkgDisplaySetBackGround* set = Found();
+    return set ? set->Image() : nullptr;
 }
 
 TQzSetColor::TQzSetColor(const TQzDefaultSetColor* defaultSet, bool useDefault)
@@ -333,11 +336,16 @@ TQzSetColor::TQzSetColor(const TQzDefaultSetColor* defaultSet, bool useDefault)
 {
 }
 
+const TQzPkgDisplaySetColor* TQzSetColor::Found() const
+{
+    const TQzPkgDisplay* display = Display();
+    return display ? display->SetsColor()->Find(Name()) : nullptr;
+}
+
 TColor TQzSetColor::Color() const
 {
-    if (TQzPkgDisplay* display = Display())
-        if (const TQzPkgDisplaySetColor* set = display->SetsColor()->Find(Name()))
-            return set->Color();
+    if (const TQzPkgDisplaySetColor* set = Found())
+        return set->Color();
     return FUseDefault && FDefault ? FDefault->Color : TColor(0);
 }
 
@@ -346,10 +354,15 @@ TQzSetFont::TQzSetFont(const TQzDefaultSetFont* defaultSet, bool useDefault)
 {
 }
 
+const TQzPkgDisplaySetFont* TQzSetFont::Found() const
+{
+    const TQzPkgDisplay* display = Display();
+    return display ? display->SetsFont()->Find(Name()) : nullptr;
+}
+
 TQzFontValues TQzSetFont::Values() const
 {
-    if (TQzPkgDisplay* display = Display())
-        if (const TQzPkgDisplaySetFont* set = display->SetsFont()->Find(Name()))
-            return set->Values();
+    if (const TQzPkgDisplaySetFont* set = Found())
+        return set->Values();
     return FUseDefault && FDefault ? FDefault->Values : TQzFontValues{};
 }

@@ -19,6 +19,9 @@ class TQzPkgStrings;
 class TQzPkgImages;
 class TQzPkgImagesImage;
 class TQzPkgStringsLabel;
+class TQzPkgDisplaySetBackGround;
+class TQzPkgDisplaySetColor;
+class TQzPkgDisplaySetFont;
 
 class TQzMemoryRef : public TPersistent {
     QZ_CLASS(TQzMemoryRef, TPersistent)
@@ -188,6 +191,8 @@ class TQzSetBackGround : public TQzSetRef {
 public:
     // With useDefault, the default's values apply while no set is found.
     explicit TQzSetBackGround(const TQzDefaultSetBackGround* defaultSet = nullptr, bool useDefault = true);
+    // The set of that name in the application's display package, or nullptr.
+    const TQzPkgDisplaySetBackGround* Found() const;
     TQzBackGroundValues Values() const;
     // The image of the set found (its Image reference), or nullptr.
     const TQzMemoryImage* Image() const;
@@ -202,6 +207,7 @@ class TQzSetColor : public TQzSetRef {
 
 public:
     explicit TQzSetColor(const TQzDefaultSetColor* defaultSet = nullptr, bool useDefault = true);
+    const TQzPkgDisplaySetColor* Found() const;
     TColor Color() const;
 
 private:
@@ -214,6 +220,7 @@ class TQzSetFont : public TQzSetRef {
 
 public:
     explicit TQzSetFont(const TQzDefaultSetFont* defaultSet = nullptr, bool useDefault = true);
+    const TQzPkgDisplaySetFont* Found() const;
     TQzFontValues Values() const;
 
 private:
