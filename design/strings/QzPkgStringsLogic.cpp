@@ -82,8 +82,6 @@ std::vector<AnsiString> QzStringsReportLines(const TQzPkgIdItem* item)
     std::vector<AnsiString> printed;
     for (int i = 0; i < lines.Count(); ++i)
         printed.push_back(lines[i]);
-    if (printed.empty())
-        printed.push_back(row);
     return printed;
 }
 
