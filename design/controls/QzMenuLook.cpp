@@ -2,7 +2,6 @@
 
 #include "design/controls/QzDisplayPreview.h"
 
-#include "runtime/pictures/QzPictureDraw.h"
 #include "runtime/pictures/Qzdrawutil.h"
 
 #include <QApplication>
@@ -40,18 +39,14 @@ TQzMenuLook QzMenuLookOf(const TComponent* menu)
     return look;
 }
 
-QImage QzMenuItemImage(const TQzMenuItem* item, int size)
+const QImage& QzMenuItemImage(const TQzMenuItem* item, int size, TQzThumbnailCache& cache)
 {
     const TQzMemoryImage* ref = item ? item->Image() : nullptr;
-    const TQzPkgImagesImage* image = ref ? ref->Image() : nullptr;
-    if (!image || size <= 0)
-        return {};
     TQzDrawOptions options;
     options.Transparent = true;
-    const QImage picture = QzPreparedPicture(*image, options);
-    if (picture.isNull())
-        return {};
-    return picture.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    options.Stretch = true;
+    options.Proportional = true;
+    return cache.Thumbnail(ref ? ref->Image() : nullptr, QSize(size, size), options);
 }
 
 void QzApplyMenuLook(QWidget* widget, const TQzMenuLook& look)

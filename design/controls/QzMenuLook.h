@@ -6,6 +6,7 @@
 // both look as the menu will.
 
 #include "runtime/components/QzMenus.h"
+#include "runtime/pictures/QzPictureDraw.h"
 
 #include <QColor>
 #include <QFont>
@@ -26,9 +27,10 @@ struct TQzMenuLook {
 // The look of a TQzMainMenu or TQzPopupMenu; the platform's for anything else.
 TQzMenuLook QzMenuLookOf(const TComponent* menu);
 
-// The item's image, size pixels square with its transparency applied; a
-// null image when the item names none or its picture is empty.
-QImage QzMenuItemImage(const TQzMenuItem* item, int size);
+// The item's image in a square of size pixels, transparency applied and
+// kept in cache until its picture changes; a null image when the item
+// names none or its picture is empty. Valid until the cache's next call.
+const QImage& QzMenuItemImage(const TQzMenuItem* item, int size, TQzThumbnailCache& cache);
 
 // Gives widget the look's font and colours (window, base, text).
 void QzApplyMenuLook(QWidget* widget, const TQzMenuLook& look);

@@ -12,6 +12,8 @@
 
 void QzFillPopupMenu(QMenu* menu, TQzMenuItem* items, int imageSize)
 {
+    // Each icon copies its picture at once: the cache only draws it.
+    TQzThumbnailCache images;
     for (int i = 0; i < items->Count(); ++i) {
         TQzMenuItem* item = items->Items(i);
         if (!item->Visible())
@@ -28,7 +30,7 @@ void QzFillPopupMenu(QMenu* menu, TQzMenuItem* items, int imageSize)
             continue;
         }
         QAction* action = menu->addAction(text);
-        if (const QImage image = QzMenuItemImage(item, imageSize); !image.isNull())
+        if (const QImage& image = QzMenuItemImage(item, imageSize, images); !image.isNull())
             action->setIcon(QIcon(QPixmap::fromImage(image)));
         action->setEnabled(item->Enabled());
         action->setCheckable(item->Checked());

@@ -184,7 +184,7 @@ void TQzMenuView::Paint(QPainter& painter, const TQzMenuCell& cell) const
         painter.drawText(inner, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, QzQString(QzMenuItemText(item)));
         return;
     }
-    if (const QImage image = QzMenuItemImage(item, FLook.ImageSize); !image.isNull())
+    if (const QImage& image = QzMenuItemImage(item, FLook.ImageSize, FImages); !image.isNull())
         painter.drawImage(QPoint(inner.left(), r.top() + (r.height() - image.height()) / 2), image);
     painter.drawText(inner.adjusted(ImageColumn(), 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic,
                      QzQString(QzMenuItemText(item)));

@@ -72,6 +72,9 @@ private:
     TQzMenuItem* FRoot = nullptr;
     bool FBar = false;
     TQzMenuLook FLook;
+    // Painting runs on every move of the current item: pictures are
+    // decoded once, and again only when they change.
+    mutable TQzThumbnailCache FImages;
     TQzMenuPath FCurrent{0};
     std::vector<TQzMenuCell> FCells;
     std::vector<QRect> FLists;  // the frame of each list drawn
